@@ -1,0 +1,3 @@
+#include "labels.h"
+
+Label::Label(const QString& text, QWidget* parent) : QLabel(text, parent) {}
