@@ -23,7 +23,7 @@ namespace rviz_plugin {
 
 namespace {
 const char* const topicKey = "Topic";
-const Ogre::Vector3 cameraPosition(-6.0F, 0.0F, 4.0F);
+const Ogre::Vector3 cameraPosition(-3.0F, 0.0F, 2.0F);
 const Ogre::ColourValue idleBackground(0.16F, 0.17F, 0.19F);
 } // namespace
 

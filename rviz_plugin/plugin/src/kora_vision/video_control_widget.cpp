@@ -21,6 +21,7 @@ namespace rviz_plugin {
 
 namespace {
 const QSize popupMinimumSize(440, 248);
+const QSize videoMinimumSize(192, 108);
 constexpr int comboboxWidth = 220;
 const char* const cameraIcon = ":/videoqrc/assets/image/ic_camera.png";
 } // namespace
@@ -56,6 +57,7 @@ void VideoControlWidget::Init(CreatePopupPanelCallback callback)
     pictureLabel->hide();
 
     renderPanel = new NonInteractiveRenderPanel(this);
+    renderPanel->setMinimumSize(videoMinimumSize);
     renderPanel->installEventFilter(this);
 
     auto* topBar = new QHBoxLayout();
@@ -150,6 +152,11 @@ void VideoControlWidget::SetPopupPanelVisible(bool visible)
     if (popupPanel != nullptr) {
         popupPanel->setVisible(visible);
     }
+}
+
+bool VideoControlWidget::IsPopupPanelVisible() const
+{
+    return popupPanel != nullptr && popupPanel->isVisible();
 }
 
 void VideoControlWidget::SetPopupPanelWindowTitle(QString title)

@@ -38,6 +38,7 @@ public:
     void EmbedPanel();
     bool IsPoppedOut() const { return popupPanel != nullptr; }
     void SetPopupPanelVisible(bool visible);
+    bool IsPopupPanelVisible() const;
     void SetPopupPanelWindowTitle(QString title);
     void SetPopupButtonVisible(bool visible);
     void AddVideoWidget(QWidget* widget);

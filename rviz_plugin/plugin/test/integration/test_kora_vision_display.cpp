@@ -1,0 +1,281 @@
+// The vision display inside a real rviz frame (ROS master on loopback, virtual X display):
+// items created and deleted through the wall, names renumbered, save and load, paging and pop-out.
+#include "kora_vision/associated_widget.h"
+#include "kora_vision/kora_vision_display.h"
+#include "kora_vision/kora_vision_property.h"
+#include "kora_vision/topic_combobox.h"
+#include "kora_vision/total_widget.h"
+#include "kora_vision/video_control_widget.h"
+#include "kora_vision/videos_widget.h"
+#include "widgets/title_bar_base.h"
+
+#include "../support/processes.h"
+#include "../support/temp_dir.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QPushButton>
+
+#include <rviz/config.h>
+#include <rviz/panel_dock_widget.h>
+#include <rviz/visualization_frame.h>
+#include <rviz/visualization_manager.h>
+#include <ros/ros.h>
+
+#include <memory>
+
+using rviz_plugin::KoraVisionDisplay;
+using rviz_plugin::VideosWidget;
+
+namespace {
+
+rviz::VisualizationFrame* frame = nullptr;
+
+class KoraVisionDisplayTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        display = new KoraVisionDisplay();
+        frame->getManager()->addDisplay(display, true);
+        display->setName("KoraVision");
+        associated = qobject_cast<rviz_plugin::AssociatedWidget*>(display->getAssociatedWidget());
+        ASSERT_NE(associated, nullptr);
+        total = associated->GetTotalWidget();
+        videos = total->GetVideosWidget();
+    }
+    void TearDown() override
+    {
+        delete display;
+        QApplication::processEvents();
+    }
+
+    QStringList Names() const
+    {
+        QStringList names;
+        for (int i = 0; i < display->GetVideoCount(); ++i) {
+            names << display->GetVisionProperty(i)->GetVisionName();
+        }
+        return names;
+    }
+    void AddItems(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            ASSERT_TRUE(associated->AddVideoWidget());
+        }
+    }
+
+    KoraVisionDisplay* display = nullptr;
+    rviz_plugin::AssociatedWidget* associated = nullptr;
+    rviz_plugin::TotalWidget* total = nullptr;
+    VideosWidget* videos = nullptr;
+};
+
+TEST_F(KoraVisionDisplayTest, ItemsAreNumberedInWallOrderAndRenumberedOnDelete)
+{
+    AddItems(3);
+    EXPECT_EQ(Names(), (QStringList{"(1)No Image Topic", "(2)No Image Topic", "(3)No Image Topic"}));
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(display->childAt(i), display->GetVisionProperty(i));
+    }
+    EXPECT_EQ(total->GetCountText(), "Total: 3");
+
+    videos->GetItems().at(1)->SetComboboxCurrentText("/camera/left");
+    videos->GetItems().at(2)->SetComboboxCurrentText("/camera/right");
+    EXPECT_EQ(Names(), (QStringList{"(1)No Image Topic", "(2)/camera/left", "(3)/camera/right"}));
+    EXPECT_EQ(display->GetVisionProperty(2)->getName(), "(3)/camera/right");
+
+    videos->GetItems().at(1)->SubItem();
+    EXPECT_EQ(Names(), (QStringList{"(1)No Image Topic", "(2)/camera/right"}));
+    EXPECT_EQ(videos->GetVideoNumber(), 2);
+    EXPECT_EQ(total->GetCountText(), "Total: 2");
+
+    videos->GetItems().at(1)->GetTopicCombobox()->setCurrentText("");
+    EXPECT_EQ(Names().at(1), "(2)No Image Topic");
+}
+
+TEST_F(KoraVisionDisplayTest, DroppedTopicAddsAnItemAndOnlyVideoTopicsAreTaken)
+{
+    AddItems(1);
+    display->setTopic("/camera/front", "custom/Video");
+    EXPECT_EQ(Names(), (QStringList{"(1)/camera/front", "(2)/camera/front"}));
+    display->setTopic("/points", "sensor_msgs/PointCloud2");
+    EXPECT_EQ(Names(), (QStringList{"(1)/camera/front", "(2)/camera/front", "(3)No Image Topic"}));
+}
+
+TEST_F(KoraVisionDisplayTest, SaveWritesItemsUnderTheirNumberedNames)
+{
+    AddItems(3);
+    videos->GetItems().at(0)->SetComboboxCurrentText("/camera/a");
+    videos->GetItems().at(2)->SetComboboxCurrentText("/camera/c");
+    rviz::Config config;
+    display->save(config);
+    QStringList keys;
+    for (rviz::Config::MapIterator it = config.mapIterator(); it.isValid(); it.advance()) {
+        keys << it.currentKey();
+    }
+    EXPECT_TRUE(keys.contains("(1)/camera/a"));
+    EXPECT_TRUE(keys.contains("(2)No Image Topic"));
+    EXPECT_TRUE(keys.contains("(3)/camera/c"));
+    QString topic;
+    ASSERT_TRUE(config.mapGetChild("(3)/camera/c").mapGetString("Topic", &topic));
+    EXPECT_EQ(topic, "/camera/c");
+    QString className;
+    ASSERT_TRUE(config.mapGetString("Class", &className));
+    EXPECT_EQ(className, display->getClassId());
+}
+
+TEST_F(KoraVisionDisplayTest, LoadOrdersItemsByTheNumberInTheirKeys)
+{
+    rviz::Config config;
+    config.mapSetValue("Name", "Loaded");
+    config.mapSetValue("Enabled", true);
+    config.mapMakeChild("(2)/camera/b").mapSetValue("Topic", "/camera/b");
+    config.mapMakeChild("(10)/camera/c").mapSetValue("Topic", "/camera/c");
+    config.mapMakeChild("(1)/camera/a").mapSetValue("Topic", "/camera/a");
+    display->load(config);
+    EXPECT_EQ(Names(), (QStringList{"(1)/camera/a", "(2)/camera/b", "(10)/camera/c"}));
+    ASSERT_EQ(videos->GetVideoNumber(), 3);
+    EXPECT_EQ(videos->GetItems().at(2)->GetTopicCombobox()->currentText(), "/camera/c");
+    EXPECT_EQ(display->getName(), "Loaded");
+    EXPECT_EQ(display->getAssociatedWidgetPanel()->windowTitle(), "Loaded");
+}
+
+TEST_F(KoraVisionDisplayTest, WallStopsAtThirtyItems)
+{
+    AddItems(29);
+    EXPECT_TRUE(total->IsAddEnabled());
+    AddItems(1);
+    EXPECT_FALSE(total->IsAddEnabled());
+    EXPECT_FALSE(associated->AddVideoWidget());
+    EXPECT_EQ(display->GetVideoCount(), 30);
+    EXPECT_EQ(Names().back(), "(30)No Image Topic");
+    videos->GetItems().at(0)->SubItem();
+    EXPECT_TRUE(total->IsAddEnabled());
+    EXPECT_EQ(Names().front(), "(1)No Image Topic");
+    EXPECT_EQ(Names().back(), "(29)No Image Topic");
+}
+
+TEST_F(KoraVisionDisplayTest, PagesOfFourInTheListAndSixteenInFullScreen)
+{
+    AddItems(5);
+    EXPECT_EQ(total->GetSwitchText(), "1 of 2");
+    EXPECT_FALSE(total->IsPreviousEnabled());
+    EXPECT_TRUE(total->IsNextEnabled());
+    EXPECT_EQ(videos->GetShownItems().size(), 4);
+    total->WidgetNextPage();
+    EXPECT_EQ(total->GetSwitchText(), "2 of 2");
+    ASSERT_EQ(videos->GetShownItems().size(), 1);
+    EXPECT_EQ(videos->GetShownItems().front(), videos->GetItems().at(4));
+    EXPECT_TRUE(videos->GetItems().at(4)->isVisibleTo(videos));
+    EXPECT_FALSE(videos->GetItems().at(0)->isVisibleTo(videos));
+
+    // The last item of the last page goes: the page stays, and "Previous" leads back.
+    videos->GetItems().at(4)->SubItem();
+    EXPECT_EQ(videos->GetCurrentPage(), 2);
+    EXPECT_TRUE(videos->GetShownItems().isEmpty());
+    EXPECT_TRUE(total->IsPreviousEnabled());
+    total->WidgetPreviousPage();
+    EXPECT_EQ(videos->GetShownItems().size(), 4);
+    EXPECT_EQ(total->GetSwitchText(), " 1 ");
+
+    AddItems(13);
+    display->OnSendFullScreenSwitch();
+    EXPECT_EQ(display->GetCurrentVideosWidgetState(), VideosWidget::FullScreen);
+    EXPECT_EQ(videos->GetShownItems().size(), 16);
+    EXPECT_EQ(total->GetSwitchText(), "1 of 2");
+    display->OnSendFullScreenSwitch();
+    EXPECT_EQ(display->GetCurrentVideosWidgetState(), VideosWidget::List);
+    EXPECT_EQ(videos->GetShownItems().size(), 4);
+}
+
+TEST_F(KoraVisionDisplayTest, PoppedOutVideoReturnsOnFullScreenAndOnDelete)
+{
+    AddItems(2);
+    rviz_plugin::VideoControlWidget* item = videos->GetItems().at(0);
+    item->SetComboboxCurrentText("/camera/a");
+    item->PopupPanel();
+    ASSERT_TRUE(item->IsPoppedOut());
+    auto* pop = item->findChild<QPushButton*>("VideoControlWidget_popBt");
+    ASSERT_NE(pop, nullptr);
+    EXPECT_FALSE(pop->isEnabled());
+
+    display->OnSendFullScreenSwitch();
+    EXPECT_FALSE(item->IsPoppedOut());
+    EXPECT_TRUE(pop->isEnabled());
+    EXPECT_FALSE(pop->isVisibleTo(item));
+    display->OnSendFullScreenSwitch();
+    EXPECT_TRUE(pop->isVisibleTo(item));
+
+    item->PopupPanel();
+    ASSERT_TRUE(item->IsPoppedOut());
+    item->SubItem();
+    QApplication::processEvents();
+    EXPECT_EQ(display->GetVideoCount(), 1);
+}
+
+TEST_F(KoraVisionDisplayTest, TitleBarCarriesTheNameAndTheWindowButtons)
+{
+    rviz::PanelDockWidget* panel = display->getAssociatedWidgetPanel();
+    ASSERT_NE(panel, nullptr);
+    auto* titleBar = qobject_cast<TitleBarBase*>(panel->titleBarWidget());
+    ASSERT_NE(titleBar, nullptr);
+    for (const char* name : {"minimizeButton", "maximizeButton", "closeButton"}) {
+        EXPECT_NE(titleBar->findChild<QPushButton*>(name), nullptr) << name;
+    }
+    display->setName("Front cameras");
+    EXPECT_EQ(titleBar->GetWindowTitle(), "Front cameras");
+    EXPECT_EQ(panel->objectName(), "Front cameras");
+
+    EXPECT_FALSE(titleBar->IsMaximized());
+    titleBar->findChild<QPushButton*>("maximizeButton")->click();
+    EXPECT_TRUE(titleBar->IsMaximized());
+    EXPECT_EQ(display->GetCurrentVideosWidgetState(), VideosWidget::FullScreen);
+
+    titleBar->findChild<QPushButton*>("minimizeButton")->click();
+    EXPECT_TRUE(associated->isHidden());
+    titleBar->findChild<QPushButton*>("minimizeButton")->click();
+    EXPECT_FALSE(associated->isHidden());
+}
+
+TEST_F(KoraVisionDisplayTest, DisablingHidesPoppedOutVideos)
+{
+    AddItems(1);
+    rviz_plugin::VideoControlWidget* item = videos->GetItems().at(0);
+    item->PopupPanel();
+    ASSERT_TRUE(item->IsPoppedOut());
+    display->setEnabled(false);
+    QApplication::processEvents();
+    EXPECT_TRUE(item->IsPoppedOut());
+    EXPECT_FALSE(item->IsPopupPanelVisible());
+    display->setEnabled(true);
+    QApplication::processEvents();
+    EXPECT_TRUE(item->IsPopupPanelVisible());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    test_support::TempDir work;
+    test_support::RosMaster master(work.Path().string());
+    test_support::VirtualDisplay xserver(work.Path().string());
+    setenv("DISPLAY", xserver.Display().c_str(), 1);
+    for (const auto& [name, value] : master.RosEnvironment()) {
+        setenv(name.c_str(), value.c_str(), 1);
+    }
+    ros::init(argc, argv, "kora_vision_display_test", ros::init_options::NoSigintHandler);
+    int result = 1;
+    {
+        QApplication app(argc, argv);
+        auto visualizationFrame = std::make_unique<rviz::VisualizationFrame>();
+        visualizationFrame->initialize();
+        visualizationFrame->show();
+        frame = visualizationFrame.get();
+        result = RUN_ALL_TESTS();
+        frame = nullptr;
+    }
+    ros::shutdown();
+    return result;
+}
