@@ -6,4 +6,4 @@ source "$(dirname "$0")/env.sh"
 if [ ! -f "$BUILD_DIR/build.ninja" ] || [ $# -gt 0 ]; then
   cmake -S "$ROOT/rviz_plugin" -B "$BUILD_DIR" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo "$@" >/dev/null
 fi
-cmake --build "$BUILD_DIR"
+cmake --build "$BUILD_DIR" ${BUILD_TARGETS:+--target $BUILD_TARGETS}
