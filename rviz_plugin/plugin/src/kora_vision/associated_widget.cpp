@@ -3,7 +3,7 @@
 #include "total_widget.h"
 
 #include "foundation/logger.h"
-#include "widgets/style_sheet.h"
+#include "foundation/set_qss.h"
 
 #include <QVBoxLayout>
 

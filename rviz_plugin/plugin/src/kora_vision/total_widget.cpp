@@ -2,7 +2,7 @@
 
 #include "widgets/buttons.h"
 #include "widgets/labels.h"
-#include "widgets/style_sheet.h"
+#include "foundation/set_qss.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

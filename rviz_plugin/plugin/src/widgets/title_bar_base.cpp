@@ -1,7 +1,7 @@
 #include "title_bar_base.h"
 
 #include "buttons.h"
-#include "style_sheet.h"
+#include "foundation/set_qss.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,0 +1,131 @@
+#include "config_file_tool.h"
+
+#include "file_hander.h"
+#include "logger.h"
+
+#include <rapidjson/prettywriter.h>
+#include <rapidjson/schema.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+
+#include <array>
+#include <fstream>
+
+namespace Orsa {
+
+namespace {
+const char* const logModule = "FileHandler";
+
+void LogError(const std::string& message)
+{
+    Logger::GetInstance().WriteLog(logModule, LogLevel::Error, message);
+}
+
+std::string PointerText(const rapidjson::Pointer& pointer)
+{
+    rapidjson::StringBuffer buffer;
+    pointer.StringifyUriFragment(buffer);
+    return buffer.GetString();
+}
+
+// JSON string literal of text, with the quotes.
+std::string Quoted(const std::string& text)
+{
+    rapidjson::StringBuffer buffer;
+    rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+    writer.String(text.c_str(), static_cast<rapidjson::SizeType>(text.size()));
+    return buffer.GetString();
+}
+} // namespace
+
+std::string ConfigFileTool::ParseErrorText(int code)
+{
+    static const std::array<const char*, 18> texts = {
+        "No error.",
+        "The document is empty.",
+        "The document root must not be followed by other values.",
+        "Invalid value.",
+        "Missing a name for object member.",
+        "Missing a colon after a name of object member.",
+        "Missing a comma or '}' after an object member.",
+        "Missing a comma or ']' after an array element.",
+        "Incorrect hex digit after \\u escape in string.",
+        "The surrogate pair in string is invalid.",
+        "Invalid escape character in string.",
+        "Missing a closing quotation mark in string.",
+        "Invalid encoding in string.",
+        "Number too big to be stored in double.",
+        "Miss fraction part in number.",
+        "Miss exponent in number.",
+        "Terminate parsing due to Handler error.",
+        "Unspecific syntax error.",
+    };
+    if (code < 0 || static_cast<std::size_t>(code) >= texts.size()) {
+        return "Unknown error.";
+    }
+    return texts[static_cast<std::size_t>(code)];
+}
+
+bool ConfigFileTool::ReadJsonFile(const std::string& path, rapidjson::Document& document)
+{
+    if (!FileHander::IsFileExist(path)) {
+        LogError(path + " is not a file.");
+        return true;
+    }
+    if (!FileHander::IsFileReadable(path)) {
+        LogError(path + " cannot be read. Check the file permission.");
+        return true;
+    }
+    if (ReadJsonString(FileHander::ReadFile(path), document)) {
+        LogError("Failed to read the file. The file path is " + path);
+        return true;
+    }
+    return false;
+}
+
+bool ConfigFileTool::ReadJsonString(const std::string& text, rapidjson::Document& document)
+{
+    // Parsing copies the strings: the document does not depend on text staying alive.
+    document.Parse(text.c_str(), text.size());
+    if (!document.HasParseError()) {
+        return false;
+    }
+    LogError("The string '" + text + "' is not a valid JSON");
+    LogError("Error(offset " + std::to_string(document.GetErrorOffset()) +
+             "): " + ParseErrorText(static_cast<int>(document.GetParseError())));
+    return true;
+}
+
+bool ConfigFileTool::WriteJsonFile(const std::string& path, const rapidjson::Document& document)
+{
+    const std::string target = FileHander::RelativePathToAbsolutePath(path);
+    std::ofstream out(target, std::ios::out | std::ios::trunc);
+    if (!out.is_open()) {
+        LogError("Can not find or create the file which named \"" + path + "\".");
+        return false;
+    }
+    rapidjson::StringBuffer buffer;
+    rapidjson::PrettyWriter<rapidjson::StringBuffer> writer(buffer);
+    document.Accept(writer);
+    out << buffer.GetString();
+    out.flush();
+    return out.good();
+}
+
+bool ConfigFileTool::IsJsonConsistentWithSchema(const rapidjson::Document& document,
+                                                const rapidjson::Document& schema)
+{
+    const rapidjson::SchemaDocument schemaDocument(schema);
+    rapidjson::SchemaValidator validator(schemaDocument);
+    if (document.Accept(validator)) {
+        return true;
+    }
+    const std::string report = "{\"invalidKeyword\":" + Quoted(validator.GetInvalidSchemaKeyword()) +
+                               ",\"invalidSchema\":" + Quoted(PointerText(validator.GetInvalidSchemaPointer())) +
+                               ",\"invalidDocument\":" + Quoted(PointerText(validator.GetInvalidDocumentPointer())) +
+                               "}";
+    LogError("Error report: " + report);
+    return false;
+}
+
+} // namespace Orsa
