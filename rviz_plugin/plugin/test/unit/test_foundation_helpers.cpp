@@ -1,4 +1,6 @@
 #include "foundation/bounded_memory.h"
+#include "foundation/color_pool.h"
+#include "foundation/object_pool.h"
 #include "foundation/config_file_tool.h"
 #include "foundation/cpu_usage_handler.h"
 #include "foundation/file_hander.h"
@@ -316,4 +318,55 @@ TEST(MemoryException, NewHandlerPrintsTheMessageAndExitsWithOne)
     EXPECT_EQ(WEXITSTATUS(status), 1);
     EXPECT_EQ(test_support::ReadFile(output),
               "Orsa exits due to insufficient memory. Free up the memory and restart the tool.\n");
+}
+
+namespace {
+struct PooledObject {
+    explicit PooledObject(int* created) : id((*created)++) {}
+    void Reset() { shown = false; ++resets; }
+    int id;
+    bool shown = true;
+    int resets = 0;
+};
+} // namespace
+
+TEST(ObjectPool, CreatesOnlyTheShortfallAndParksTheSurplus)
+{
+    int created = 0;
+    rviz_plugin::ObjectPool<PooledObject> pool([&created]() { return std::make_unique<PooledObject>(&created); });
+    pool.InitDefault();
+    EXPECT_EQ(created, 5);
+    EXPECT_EQ(pool.Get(3).size(), 3U);
+    EXPECT_EQ(pool.GetIdleSize(), 2U);
+    EXPECT_EQ(pool.Get(8).size(), 8U);
+    EXPECT_EQ(created, 8);  // three more made, the five reused
+    EXPECT_EQ(pool.GetIdleSize(), 0U);
+
+    auto& working = pool.Get(6);
+    ASSERT_EQ(working.size(), 6U);
+    EXPECT_EQ(pool.GetIdleSize(), 2U);
+    for (const auto& object : working) {
+        EXPECT_EQ(object->resets, 0);
+    }
+    EXPECT_EQ(pool.Get(0).size(), 0U);  // everything goes idle, reset
+    EXPECT_EQ(pool.GetIdleSize(), 8U);
+    EXPECT_EQ(pool.GetUsedSize(), 0U);
+    pool.Get(8);
+    for (const auto& object : pool.Get(8)) {
+        EXPECT_FALSE(object->shown);
+    }
+    pool.Reset();
+    EXPECT_EQ(pool.GetUsedSize(), 0U);
+    EXPECT_EQ(created, 8);
+}
+
+TEST(ColorPool, TablesWrapAndSpecialTypes)
+{
+    using rviz_plugin::ColorPool;
+    EXPECT_EQ(ColorPool::GetColor(0, ColorPool::Objects), QColor(255, 204, 2));
+    EXPECT_EQ(ColorPool::GetColor(9, ColorPool::Objects), QColor(60, 56, 239));
+    EXPECT_EQ(ColorPool::GetColor(6, ColorPool::TrafficLights), QColor(255, 0, 0));
+    EXPECT_EQ(ColorPool::GetColor(3, ColorPool::Lines), QColor(Qt::green));
+    EXPECT_EQ(ColorPool::GetColor(15, ColorPool::SemanticSegmentation), QColor(255, 114, 213));
+    EXPECT_EQ(ColorPool::GetColor(1, static_cast<ColorPool::ColorType>(7)), QColor(Qt::white));
 }
