@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, starts a ROS master on loopback and opens rviz with the plugin
-# and the shipped layout. Everything it started stops when rviz closes.
+# and the shipped layout, fed by the simulated car. Everything it started stops when rviz closes.
 # Without a DISPLAY, rviz runs on a virtual X display (its number is printed).
 set -eo pipefail
 source "$(dirname "$0")/env.sh"
@@ -32,6 +32,10 @@ if [ -z "${DISPLAY:-}" ]; then
   export DISPLAY=":$(cat "$RUN_DIR/display.txt")"
   echo "No DISPLAY: rviz runs on the virtual display $DISPLAY (DISPLAY=$DISPLAY import -window root shot.png)"
 fi
+
+# The simulated car feeds the layout's four cameras; its options pass through SIMULATED_CAR_OPTIONS.
+"$BUILD_DIR/devel/lib/rviz_plugin/simulated_car" ${SIMULATED_CAR_OPTIONS:---cameras 4} >"$RUN_DIR/simulated_car.log" 2>&1 &
+pids+=($!)
 
 rviz -d "$ROOT/rviz_plugin/plugin/layouts/kora_vision.rviz" & RVIZ=$!
 pids=("$RVIZ" "${pids[@]}")

@@ -127,6 +127,8 @@ void KoraVisionDisplay::OnSendGeneratedNewItemWidget(int index, VideoControlWidg
     const int position = std::clamp(index, 0, static_cast<int>(visionProperties.size()));
     addChild(raw, position);
     raw->OnEnable();
+    connect(raw, &KoraVisionProperty::ResetDisplaySignal, this, &KoraVisionDisplay::ResetPluginDisplay);
+    connect(raw, &KoraVisionProperty::RenderContextSignal, this, &KoraVisionDisplay::RenderPluginContext);
     visionProperties.insert(visionProperties.begin() + position, std::move(property));
     RenumberVisionProperties();
 }
@@ -296,6 +298,24 @@ void KoraVisionDisplay::setTopic(const QString& topic, const QString& datatype)
     for (const auto& property : visionProperties) {
         property->SetTopic(topic, datatype);
     }
+}
+
+void KoraVisionDisplay::update(float /*wallDt*/, float /*rosDt*/)
+{
+    if (!IsInitialized()) {
+        return;
+    }
+    for (const auto& property : visionProperties) {
+        property->Update();
+    }
+}
+
+void KoraVisionDisplay::reset()
+{
+    for (const auto& property : visionProperties) {
+        property->ClearImageDisplay();
+    }
+    rviz::Display::reset();
 }
 
 void KoraVisionDisplay::ResetPluginDisplay()

@@ -35,6 +35,8 @@ public:
     void load(const rviz::Config& config) override;
     void save(rviz::Config config) const override;
     void setTopic(const QString& topic, const QString& datatype) override;
+    void update(float wallDt, float rosDt) override;
+    void reset() override;
 
     rviz::PanelDockWidget* CreatePopupPanel(const QString& name, QWidget* contents);
     void SetKoraVisionPropertyExpend(KoraVisionProperty* selected);

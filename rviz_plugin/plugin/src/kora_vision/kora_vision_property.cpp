@@ -1,78 +1,100 @@
 #include "kora_vision_property.h"
 
+#include "image_property.h"
+#include "image_render.h"
+#include "ipp_node.h"
+#include "ipp_parameters.h"
 #include "non_interactive_render_panel.h"
 #include "topic_combobox.h"
 #include "video_control_widget.h"
 #include "vision_name.h"
+#include "vision_property.h"
 
+#include "decoder_switch/video_handler.h"
 #include "foundation/memory_exception.h"
 
 #ifndef Q_MOC_RUN
-#include <OgreCamera.h>
-#include <OgreRenderWindow.h>
-#include <OgreSceneManager.h>
-#include <OgreSceneNode.h>
-#include <OgreViewport.h>
-#include <rviz/config.h>
 #include <rviz/display_context.h>
+#include <rviz/properties/ros_topic_property.h>
+#include <sensor_msgs/CameraInfo.h>
 #endif
 
 #include <new>
 
 namespace rviz_plugin {
 
-namespace {
-const char* const topicKey = "Topic";
-const Ogre::Vector3 cameraPosition(-3.0F, 0.0F, 2.0F);
-const Ogre::ColourValue idleBackground(0.16F, 0.17F, 0.19F);
-} // namespace
-
 KoraVisionProperty::KoraVisionProperty(const QString& name, const QString& description, rviz::Property* parent)
     : rviz::Property(name, QVariant(), description, parent)
 {
 }
 
+// Members go in reverse order: the video handler detaches from its decoder before the overlay node
+// and the renderer it feeds.
 KoraVisionProperty::~KoraVisionProperty() = default;
 
 void KoraVisionProperty::Initialize(VideoControlWidget* videoItem, rviz::DisplayContext* context,
-                                    rviz::Display* /*display*/, Ogre::SceneNode* /*sceneNode*/,
+                                    rviz::Display* display, Ogre::SceneNode* /*sceneNode*/,
                                     Ogre::SceneManager* sceneManager)
 {
     std::set_new_handler(Orsa::HandleMemoryException);
     item = videoItem;
-    if (item == nullptr) {
-        return;
+    ippParameters = std::make_unique<IppParameters>();
+    {
+        std::lock_guard<std::mutex> lock(ippParameters->mutex);
+        ippParameters->config.messages[Image].enabled = true;
     }
-    NonInteractiveRenderPanel* panel = item->GetRenderPanelWidget();
-    if (context != nullptr && sceneManager != nullptr) {
-        // The item's window looks at the scene from its own fixed camera.
-        panel->initialize(sceneManager, context);
-        panel->setBackgroundColor(idleBackground);
-        if (Ogre::Camera* camera = panel->getCamera()) {
-            Ogre::SceneNode* node = camera->getParentSceneNode();
-            if (node == nullptr) {
-                node = sceneManager->getRootSceneNode()->createChildSceneNode();
-                node->attachObject(camera);
-            }
-            node->setFixedYawAxis(true, Ogre::Vector3::UNIT_Z);
-            node->setPosition(cameraPosition);
-            node->lookAt(Ogre::Vector3::ZERO, Ogre::Node::TS_WORLD);
-        }
+    visionProperty = std::make_unique<VisionProperty>(ippParameters);
+    visionProperty->Initialize(this, videoItem, context, display);
+    imageRender = std::make_unique<ImageRender>();
+    if (videoItem != nullptr && context != nullptr && sceneManager != nullptr) {
+        imageRender->Initialize(context, videoItem->GetRenderPanelWidget(), display, sceneManager,
+                                visionProperty->GetVisibleBit());
     }
-    connect(item, &VideoControlWidget::TopicComboboxTextChanged, this, &KoraVisionProperty::UpdateVisionName);
+    ippNode = std::make_unique<IppNode>(ippParameters, imageRender);
+    ippNode->Initialize();
+    videoHandler = std::make_unique<VideoHandler>(*ippNode, context);
+    videoHandler->Initialize();
+    InitConnection();
+}
+
+void KoraVisionProperty::InitConnection()
+{
+    qRegisterMetaType<rviz::StatusProperty::Level>("rviz::StatusProperty::Level");
+    qRegisterMetaType<MessageId>("MessageId");
+    qRegisterMetaType<rviz_plugin::MessageId>("rviz_plugin::MessageId");
+    qRegisterMetaType<boost::shared_ptr<const sensor_msgs::CameraInfo>>("sensor_msgs::CameraInfoConstPtr");
+    qRegisterMetaType<boost::shared_ptr<const sensor_msgs::CameraInfo>>(
+        "boost::shared_ptr<const sensor_msgs::CameraInfo>");
+
+    ImageProperty* image = visionProperty->GetImageProperty();
+    connect(image, &InputMessageBase::Subscribe, videoHandler.get(), &VideoHandler::OnSubscribe);
+    connect(image, &InputMessageBase::UnSubscribe, videoHandler.get(), &VideoHandler::OnUnsubscribe);
+    connect(videoHandler.get(), &VideoHandler::RequestDisplayReset, this, &KoraVisionProperty::ResetDisplay);
+    connect(videoHandler.get(), &VideoHandler::RequestDisplayRenderContext, this, &KoraVisionProperty::RenderContext);
+    connect(videoHandler.get(), &VideoHandler::ChangeTopicName, this, &KoraVisionProperty::UpdateVisionName);
+    connect(videoHandler.get(), &VideoHandler::SetStatus, image, &InputMessageBase::OnSetStatus);
+    connect(videoHandler.get(), &VideoHandler::DeleteStatus, image, &InputMessageBase::OnDeleteStatus);
+    connect(imageRender.get(), &ImageRender::SendRenderStatus, image, &InputMessageBase::OnSetStatus);
+    connect(ippNode.get(), &IppNode::ImageQueueStatusChanged, image, &InputMessageBase::OnSetStatus);
+    connect(this, &KoraVisionProperty::EnableDisplay, image, &InputMessageBase::OnEnableDisplay);
+    connect(this, &KoraVisionProperty::DisableDisplay, image, &InputMessageBase::OnDisableDisplay);
+    connect(this, &KoraVisionProperty::EnableDisplay, ippNode.get(), &IppNode::EnableDisplay);
+    connect(this, &KoraVisionProperty::DisableDisplay, ippNode.get(), &IppNode::DisableDisplay);
+}
+
+void KoraVisionProperty::Update()
+{
+    if (imageRender != nullptr) {
+        imageRender->UpdateImageDisplay();
+    }
 }
 
 void KoraVisionProperty::SetTopic(const QString& topic, const QString& datatype)
 {
-    if (datatype != TopicCombobox::videoDataType || item == nullptr) {
+    if (datatype != TopicCombobox::videoDataType || visionProperty == nullptr) {
         return;
     }
-    item->SetComboboxCurrentText(topic);
-}
-
-QString KoraVisionProperty::GetTopic() const
-{
-    return item == nullptr ? QString() : item->GetTopicCombobox()->currentText();
+    visionProperty->GetImageProperty()->GetTopicProperty()->setString(topic);
 }
 
 void KoraVisionProperty::SetVisionName(const QString& name)
@@ -89,22 +111,38 @@ void KoraVisionProperty::UpdateVisionName(const QString& topic)
     }
 }
 
-void KoraVisionProperty::SetRenderWindowState(bool active)
+void KoraVisionProperty::ClearImageDisplay()
 {
-    if (item == nullptr || item->GetRenderPanelWidget()->getRenderWindow() == nullptr) {
-        return;
+    if (imageRender != nullptr) {
+        imageRender->Clear();
     }
-    item->GetRenderPanelWidget()->getRenderWindow()->setActive(active);
 }
 
 void KoraVisionProperty::OnEnable()
 {
-    SetRenderWindowState(true);
+    if (imageRender != nullptr) {
+        imageRender->SetRenderWindowState(true);
+    }
+    Q_EMIT EnableDisplay();
 }
 
 void KoraVisionProperty::OnDisable()
 {
-    SetRenderWindowState(false);
+    if (imageRender != nullptr) {
+        imageRender->SetRenderWindowState(false);
+        imageRender->Clear();
+    }
+    Q_EMIT DisableDisplay();
+}
+
+void KoraVisionProperty::ResetDisplay()
+{
+    Q_EMIT ResetDisplaySignal();
+}
+
+void KoraVisionProperty::RenderContext()
+{
+    Q_EMIT RenderContextSignal();
 }
 
 QVariant KoraVisionProperty::getViewData(int column, int role) const
@@ -121,21 +159,15 @@ QVariant KoraVisionProperty::getViewData(int column, int role) const
     return rviz::Property::getViewData(column, role);
 }
 
-void KoraVisionProperty::save(rviz::Config config) const
-{
-    // Without children the base would store a bare value instead of this item's map.
-    if (numChildren() > 0) {
-        rviz::Property::save(config);
-    }
-    config.mapSetValue(topicKey, GetTopic());
-}
-
 void KoraVisionProperty::load(const rviz::Config& config)
 {
     rviz::Property::load(config);
-    QString topic;
-    if (item != nullptr && config.mapGetString(topicKey, &topic)) {
-        item->SetComboboxCurrentText(topic);
+    if (ippParameters != nullptr) {
+        {
+            std::lock_guard<std::mutex> lock(ippParameters->mutex);
+            ippParameters->configChanged = true;
+        }
+        ippNode->RefreshConfig();
     }
 }
 

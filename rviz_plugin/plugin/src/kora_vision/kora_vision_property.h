@@ -8,6 +8,8 @@
 #include <QColor>
 #include <QPointer>
 
+#include <memory>
+
 namespace Ogre {
 class SceneManager;
 class SceneNode;
@@ -20,10 +22,15 @@ class DisplayContext;
 
 namespace rviz_plugin {
 
+class ImageRender;
+class IppNode;
+struct IppParameters;
 class VideoControlWidget;
+class VideoHandler;
+class VisionProperty;
 
-// Root of one video item in the property tree; its name is the item's "(n)topic" name,
-// which is also the key the item is saved under.
+// Root of one video item: its settings, property subtree, renderer, overlay node and video
+// handler. Its name is the item's "(n)topic" name, which is also the key it is saved under.
 class KoraVisionProperty : public rviz::Property {
     Q_OBJECT
 public:
@@ -32,27 +39,43 @@ public:
 
     void Initialize(VideoControlWidget* item, rviz::DisplayContext* context, rviz::Display* display,
                     Ogre::SceneNode* sceneNode, Ogre::SceneManager* sceneManager);
+    void Update();
     void SetTopic(const QString& topic, const QString& datatype);
-    QString GetTopic() const;
     const QString& GetVisionName() const { return visionName; }
     void SetVisionName(const QString& name);
+    void ClearImageDisplay();
     void OnEnable();
     void OnDisable();
+    VisionProperty* GetVisionProperty() const { return visionProperty.get(); }
+    IppNode* GetIppNode() const { return ippNode.get(); }
+    ImageRender* GetImageRender() const { return imageRender.get(); }
 
     QVariant getViewData(int column, int role) const override;
     void load(const rviz::Config& config) override;
-    void save(rviz::Config config) const override;
 
 public Q_SLOTS:
     void UpdateVisionName(const QString& topic);
+    void ResetDisplay();
+    void RenderContext();
+
+Q_SIGNALS:
+    void ResetDisplaySignal();
+    void RenderContextSignal();
+    void EnableDisplay();
+    void DisableDisplay();
 
 private:
-    void SetRenderWindowState(bool active);
+    void InitConnection();
 
     const int defaultColorRed = 40;
     const int defaultColorGreen = 120;
     const int defaultColorBlue = 197;
     const QColor defaultQColor{defaultColorRed, defaultColorGreen, defaultColorBlue, 255};
+    std::unique_ptr<IppParameters> ippParameters;
+    std::unique_ptr<VisionProperty> visionProperty;
+    std::unique_ptr<ImageRender> imageRender;
+    std::unique_ptr<IppNode> ippNode;
+    std::unique_ptr<VideoHandler> videoHandler;
     QPointer<VideoControlWidget> item;
     QString visionName = "(1)No Image Topic";
 };

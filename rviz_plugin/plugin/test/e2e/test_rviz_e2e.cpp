@@ -20,6 +20,20 @@ namespace {
 
 const std::string sourceDirectory = RVIZ_PLUGIN_SOURCE_DIR;
 const std::string artifactDirectory = RVIZ_PLUGIN_ARTIFACT_DIR;
+const std::string simulatedCar = RVIZ_PLUGIN_SIMULATED_CAR;
+
+// Pixels of the left part of the screen (where the wall is docked) that satisfy predicate.
+template <typename Predicate>
+int CountInWall(const QImage& image, Predicate predicate)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width() / 3; ++x) {
+            count += predicate(image.pixelColor(x, y), x, y) ? 1 : 0;
+        }
+    }
+    return count;
+}
 
 // Pixels within a small distance of colour.
 int CountColour(const QImage& image, const QColor& colour, int tolerance = 6)
@@ -38,11 +52,11 @@ int CountColour(const QImage& image, const QColor& colour, int tolerance = 6)
     return count;
 }
 
-// Value of "Topic:" in the block of key inside a saved configuration, or "" when absent.
+// The image topic saved in the block of key inside a configuration, or "" when absent.
 std::string SavedTopic(const std::string& config, const std::string& key)
 {
     const std::regex pattern("\\n[ -]+" + std::regex_replace(key, std::regex(R"([()/])"), R"(\$&)") +
-                             ":\\n +Topic: ([^\\n]*)\\n");
+                             ":\\n +Image:\\n(?: +[A-Z][^\\n]*\\n)*? +Topic: ([^\\n]*)\\n");
     std::smatch match;
     return std::regex_search(config, match, pattern) ? match[1].str() : std::string();
 }
@@ -81,8 +95,11 @@ protected:
     std::unique_ptr<test_support::VirtualDisplay> xserver;
 };
 
-TEST_F(RvizEndToEnd, ShippedLayoutLoadsLogsDrawsTheWallAndSavesNumberedKeys)
+TEST_F(RvizEndToEnd, ShippedLayoutShowsFourDecodedCamerasOfTheSimulatedCar)
 {
+    test_support::Environment environment = master->RosEnvironment();
+    test_support::Process car({simulatedCar, "--cameras", "4", "--width", "640", "--height", "360", "--fps", "15"},
+                              work / "simulated_car.log", environment);
     auto rviz = StartRviz(sourceDirectory + "/layouts/kora_vision.rviz");
     ExpectNoPluginError(rviz->Log());
 
@@ -96,21 +113,38 @@ TEST_F(RvizEndToEnd, ShippedLayoutLoadsLogsDrawsTheWallAndSavesNumberedKeys)
     }
     EXPECT_TRUE(found) << test_support::ReadFile(link);
 
-    std::this_thread::sleep_for(3s);
-    const std::string screenshot = artifactDirectory + "/kora_vision_wall.png";
-    ASSERT_TRUE(xserver->Screenshot(screenshot));
-    const QImage image(QString::fromStdString(screenshot));
-    ASSERT_FALSE(image.isNull());
-    // The "Add" button, the wall's background, and three video windows of at least 192 x 108.
-    EXPECT_GT(CountColour(image, QColor(0x28, 0x78, 0xc5)), 300);
-    EXPECT_GT(CountColour(image, QColor(0x1f, 0x23, 0x29)), 5000);
-    EXPECT_GT(CountColour(image, QColor(41, 43, 48), 3), 3 * 192 * 108 / 2);
+    // Key frames come every second; give the four streams time to start.
+    std::this_thread::sleep_for(5s);
+    const std::string first = artifactDirectory + "/kora_vision_cameras_1.png";
+    const std::string second = artifactDirectory + "/kora_vision_cameras_2.png";
+    ASSERT_TRUE(xserver->Screenshot(first));
+    std::this_thread::sleep_for(1s);
+    ASSERT_TRUE(xserver->Screenshot(second));
+    const QImage before(QString::fromStdString(first));
+    const QImage after(QString::fromStdString(second));
+    ASSERT_FALSE(before.isNull());
+    ASSERT_EQ(before.size(), after.size());
+
+    // The wall's "Add" button, and the sky of the simulated scenes in the video windows.
+    EXPECT_GT(CountColour(before, QColor(0x28, 0x78, 0xc5)), 300);
+    const int sky = CountInWall(before, [](const QColor& c, int, int) {
+        return c.blue() > 200 && c.green() > 110 && c.red() < 170 && c.red() + 30 < c.blue();
+    });
+    EXPECT_GT(sky, 4 * 4000) << "no camera picture in the wall";
+    // Moving pictures: a second later the video windows have changed.
+    const int changed = CountInWall(before, [&after](const QColor& c, int x, int y) {
+        const QColor other = after.pixelColor(x, y);
+        return std::abs(c.red() - other.red()) + std::abs(c.green() - other.green()) +
+                   std::abs(c.blue() - other.blue()) > 40;
+    });
+    EXPECT_GT(changed, 1000) << "the pictures did not move";
 
     ASSERT_TRUE(rviz->SaveConfig(20s)) << rviz->Log();
     const std::string saved = test_support::ReadFile(work / "kora_vision.rviz");
-    EXPECT_EQ(SavedTopic(saved, "(1)/camera/front"), "/camera/front") << saved;
-    EXPECT_EQ(SavedTopic(saved, "(2)/camera/left"), "/camera/left") << saved;
-    EXPECT_EQ(SavedTopic(saved, "(3)/camera/right"), "/camera/right") << saved;
+    EXPECT_EQ(SavedTopic(saved, "(1)/camera_front"), "/camera_front") << saved;
+    EXPECT_EQ(SavedTopic(saved, "(2)/camera_left"), "/camera_left") << saved;
+    EXPECT_EQ(SavedTopic(saved, "(3)/camera_right"), "/camera_right") << saved;
+    EXPECT_EQ(SavedTopic(saved, "(4)/camera_rear"), "/camera_rear") << saved;
     EXPECT_EQ(rviz->Stop(), 0);
 }
 

@@ -118,7 +118,7 @@ TEST_F(KoraVisionDisplayTest, SaveWritesItemsUnderTheirNumberedNames)
     EXPECT_TRUE(keys.contains("(2)No Image Topic"));
     EXPECT_TRUE(keys.contains("(3)/camera/c"));
     QString topic;
-    ASSERT_TRUE(config.mapGetChild("(3)/camera/c").mapGetString("Topic", &topic));
+    ASSERT_TRUE(config.mapGetChild("(3)/camera/c").mapGetChild("Image").mapGetString("Topic", &topic));
     EXPECT_EQ(topic, "/camera/c");
     QString className;
     ASSERT_TRUE(config.mapGetString("Class", &className));
@@ -130,9 +130,9 @@ TEST_F(KoraVisionDisplayTest, LoadOrdersItemsByTheNumberInTheirKeys)
     rviz::Config config;
     config.mapSetValue("Name", "Loaded");
     config.mapSetValue("Enabled", true);
-    config.mapMakeChild("(2)/camera/b").mapSetValue("Topic", "/camera/b");
-    config.mapMakeChild("(10)/camera/c").mapSetValue("Topic", "/camera/c");
-    config.mapMakeChild("(1)/camera/a").mapSetValue("Topic", "/camera/a");
+    config.mapMakeChild("(2)/camera/b").mapMakeChild("Image").mapSetValue("Topic", "/camera/b");
+    config.mapMakeChild("(10)/camera/c").mapMakeChild("Image").mapSetValue("Topic", "/camera/c");
+    config.mapMakeChild("(1)/camera/a").mapMakeChild("Image").mapSetValue("Topic", "/camera/a");
     display->load(config);
     EXPECT_EQ(Names(), (QStringList{"(1)/camera/a", "(2)/camera/b", "(10)/camera/c"}));
     ASSERT_EQ(videos->GetVideoNumber(), 3);

@@ -1,0 +1,30 @@
+#include "software_decoder.h"
+
+#include "extern_ffmpeg.h"
+
+#include "kora_vision/yuv_texture_data.h"
+
+namespace rviz_plugin {
+
+int SoftwareDecoder::InitializeCore()
+{
+    if (InitializeHevcDecoder() != initSuccess || InitializeHevcDecoderContext() != initSuccess) {
+        return initFailure;
+    }
+    codecContext->thread_count = threadCount;
+    ExternAvDictSet(&options, "preset", "ultrafast", 0);
+    ExternAvDictSet(&options, "tune", "zero-latency", 0);
+    return initSuccess;
+}
+
+int SoftwareDecoder::CopyFrameToMemory(std::shared_ptr<YuvTextureData>& /*frame*/)
+{
+    return decodedPicture;
+}
+
+AVFrame* SoftwareDecoder::GetFrameInDecoder(std::shared_ptr<YuvTextureData> target) const
+{
+    return target->GetAvFrame();
+}
+
+} // namespace rviz_plugin

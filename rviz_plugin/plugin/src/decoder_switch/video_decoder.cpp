@@ -1,0 +1,494 @@
+#include "video_decoder.h"
+
+#include "image_cache_node.h"
+#include "nv_decoder.h"
+#include "qsv_decoder.h"
+#include "software_decoder.h"
+
+#include "foundation/logger.h"
+#include "kora_vision/yuv_texture_data.h"
+
+#ifndef Q_MOC_RUN
+#include <rviz/display_context.h>
+#endif
+
+extern "C" {
+#include <libavutil/frame.h>
+}
+
+#include <algorithm>
+#include <chrono>
+#include <system_error>
+
+namespace rviz_plugin {
+
+namespace {
+const char* const logModule = "KoraVision";
+const char* const topicStatus = "Topic";
+const char* const decoderStatus = "Decoder Status";
+const char* const receivingStatus = "Data receiving failure";
+// Bounds of the two header queues, far above what a working stream needs: they only pair stamps
+// with pictures, and must not grow without limit on a stream that never yields a picture.
+constexpr std::size_t maxHeaderQueueLength = 64;
+constexpr std::size_t maxReceivedTimeQueueLength = 1024;
+
+template <typename T>
+void PushBounded(std::deque<T>& queue, const T& value, std::size_t limit)
+{
+    queue.push_back(value);
+    while (queue.size() > limit) {
+        queue.pop_front();
+    }
+}
+
+void LogException(const char* what)
+{
+    const std::string sentence =
+        "An unexpected exception occurs during service processing. Check whether the data is correct.";
+    Orsa::Logger::GetInstance().WriteLog(
+        logModule, Orsa::LogLevel::Error,
+        what == nullptr ? sentence : sentence + " The exception information is as follows: " + what);
+}
+} // namespace
+
+const QMap<int, QString>& VideoDecoder::StatusTexts()
+{
+    static const QMap<int, QString> texts = {
+        {-3, " Failed to create the NVIDIA hardware decoder. Check whether the NVIDIA video card meets the H.265 "
+             "video decoding requirements and whether the NVIDIA video card driver of a proper version are "
+             "installed."},
+        {-2, " Failed to create the Intel hardware decoder. Check whether the Intel CPU meets the requirements for "
+             "H.265 video decoding and whether the driver for the Intel hardware decoder is installed successfully."},
+        {-1, " Failed to create the software decoder. The system memory may be insufficient. Release the memory and "
+             "restart the Orsa."},
+        {0, "No decoder is available."},
+        {1, " A software decoder is successfully created."},
+        {2, " An Intel hardware decoder is successfully created."},
+        {3, " An NVIDIA hardware decoder is successfully created."},
+    };
+    return texts;
+}
+
+const QMap<int, rviz::StatusProperty::Level>& VideoDecoder::StatusLevels()
+{
+    static const QMap<int, rviz::StatusProperty::Level> levels = {
+        {-3, rviz::StatusProperty::Error}, {-2, rviz::StatusProperty::Error}, {-1, rviz::StatusProperty::Error},
+        {0, rviz::StatusProperty::Ok},     {1, rviz::StatusProperty::Ok},     {2, rviz::StatusProperty::Ok},
+        {3, rviz::StatusProperty::Ok},
+    };
+    return levels;
+}
+
+VideoDecoder::VideoDecoder() = default;
+
+VideoDecoder::~VideoDecoder()
+{
+    videoSubscriber.shutdown();
+    cameraInfoSubscriber.shutdown();
+    StopThread();
+    {
+        std::lock_guard<std::mutex> lock(publisherMutex);
+        avFramePublisher.shutdown();
+        isAvFramePublisherReady = false;
+    }
+    decoderInfoPublisher.shutdown();
+}
+
+void VideoDecoder::Initialize(const QString& videoTopic, rviz::DisplayContext* context, int mode)
+{
+    Initialize(videoTopic, context != nullptr ? context->getThreadedQueue() : nullptr, mode);
+}
+
+void VideoDecoder::Initialize(const QString& videoTopic, ros::CallbackQueueInterface* callbackQueue, int mode)
+{
+    customAvFrameData = std::make_shared<CustomAvFrameData>();
+    selectionMode = mode;
+    topic = videoTopic;
+    decoderInfo.decoderTopic.data = topic.toStdString();
+    if (callbackQueue != nullptr) {
+        nodeHandle.setCallbackQueue(callbackQueue);
+    }
+    decoderInfoPublisher = nodeHandle.advertise<custom::DecoderInfo>("/decoder_information", decoderInfoQueueSize);
+    decoderInfo.resultCode = custom::DecoderInfo::NO_DECODER_EXIST;
+    connect(&receiveTimer, &QTimer::timeout, this, &VideoDecoder::CheckIfRecvFrameInSecond);
+    receiveTimer.start(1000);
+    if (InitializeDecoder() == Decoder::initFailure) {
+        return;
+    }
+    StartThread();
+}
+
+void VideoDecoder::StartThread()
+{
+    {
+        std::lock_guard<std::mutex> lock(queueMutex);
+        isRunning = true;
+    }
+    try {
+        thread = std::thread(&VideoDecoder::ProcessVideoMsg, this);
+        std::this_thread::sleep_for(std::chrono::microseconds(threadStartDelay));
+    } catch (const std::system_error&) {
+        std::lock_guard<std::mutex> lock(queueMutex);
+        isRunning = false;
+        Orsa::Logger::GetInstance().WriteLog(
+            logModule, Orsa::LogLevel::Error,
+            "Fail to create a new thread for VideoDecoder. Release memory and restart Orsa.");
+    }
+}
+
+void VideoDecoder::StopThread()
+{
+    {
+        std::lock_guard<std::mutex> lock(queueMutex);
+        isRunning = false;
+    }
+    queueCondition.notify_all();
+    if (thread.joinable()) {
+        thread.join();
+    }
+}
+
+bool VideoDecoder::IsRunning()
+{
+    std::lock_guard<std::mutex> lock(queueMutex);
+    return isRunning;
+}
+
+int VideoDecoder::CreateDecoder(std::unique_ptr<Decoder> created, int type)
+{
+    decoderType = type;
+    decoder = std::move(created);
+    decoder->Initialize();
+    const bool initialized = decoder->GetIsInitialized();
+    decoderInfo.resultCode = initialized ? type : -type;
+    OnSendDecoderInformation();
+    return initialized ? Decoder::initSuccess : Decoder::initFailure;
+}
+
+int VideoDecoder::InitializeDecoder()
+{
+    isDecoderInfoSent = false;
+    switch (selectionMode) {
+    case custom::DecoderInfo::INTEL_HARDWARE_DECODING_MODE:
+        return CreateDecoder(std::make_unique<QsvDecoder>(), custom::DecoderInfo::INTEL_DECODER);
+    case custom::DecoderInfo::NVIDIA_HARDWARE_DECODING_MODE: {
+        auto nvidia = std::make_unique<NvDecoder>();
+        nvidia->SetHwDeviceType(AV_HWDEVICE_TYPE_CUDA);
+        return CreateDecoder(std::move(nvidia), custom::DecoderInfo::NVIDIA_DECODER);
+    }
+    default: {
+        auto software = std::make_unique<SoftwareDecoder>();
+        software->SetThreadCount(4);
+        return CreateDecoder(std::move(software), custom::DecoderInfo::SOFTWARE_DECODER);
+    }
+    }
+}
+
+bool VideoDecoder::IsReceivingKeyFrame(const VideoMessagePtr& msg)
+{
+    if (msg == nullptr || msg->data.size() < keyFramePrefixLength) {
+        return false;
+    }
+    const auto& data = msg->data;
+    return data[0] == 0 && data[1] == 0 && data[2] == 0 && data[3] == 1 && data[4] == keyFrameNalHeader;
+}
+
+bool VideoDecoder::MaintainQueueLength(std::deque<VideoMessagePtr>& queue, std::size_t maxLength,
+                                       bool& waitingForKey)
+{
+    if (queue.size() <= maxLength) {
+        return true;
+    }
+    for (;;) {
+        if (IsReceivingKeyFrame(queue.front()) && queue.size() <= maxLength) {
+            return true;
+        }
+        queue.pop_front();
+        if (queue.empty()) {
+            waitingForKey = true;
+            return false;
+        }
+    }
+}
+
+void VideoDecoder::ResetVideoDecoder()
+{
+    std::lock_guard<std::mutex> lock(queueMutex);
+    waitingForKeyFrame = true;
+}
+
+int VideoDecoder::GetDecodingState(const VideoMessagePtr& msg)
+{
+    if (msg->data.size() == resetCommandLength &&
+        std::equal(resetCommand.begin(), resetCommand.end(), msg->data.begin())) {
+        ResetVideoDecoder();
+        return -1;
+    }
+    std::lock_guard<std::mutex> lock(queueMutex);
+    // The decoder object is only replaced while the thread is stopped, so a running thread means a
+    // decoder that initialised.
+    if (!isRunning) {
+        return -1;
+    }
+    if (!waitingForKeyFrame) {
+        return 0;
+    }
+    if (!IsReceivingKeyFrame(msg)) {
+        return -1;
+    }
+    waitingForKeyFrame = false;
+    return 0;
+}
+
+void VideoDecoder::RecvVideoMsg(const VideoMessagePtr& msg)
+{
+    if (msg == nullptr || GetDecodingState(msg) == -1) {
+        return;
+    }
+    bool notify = false;
+    {
+        std::lock_guard<std::mutex> lock(queueMutex);
+        if (!isRunning) {
+            return;
+        }
+        videoQueue.push_back(msg);
+        std_msgs::Header arrival;
+        arrival.stamp = ros::Time::now();
+        PushBounded(receivedTimeQueue, arrival, maxReceivedTimeQueueLength);
+        notify = MaintainQueueLength(videoQueue, maxVideoQueueLength, waitingForKeyFrame);
+    }
+    if (notify) {
+        queueCondition.notify_one();
+    }
+    const uint32_t count = ++receivedFrameCount;
+    if (count == 0) {
+        Q_EMIT SetStatus(rviz::StatusProperty::Warn, topicStatus, "No data frame received");
+    } else {
+        Q_EMIT SetStatus(rviz::StatusProperty::Ok, topicStatus, QString("%1 data frames received").arg(count));
+    }
+}
+
+void VideoDecoder::ProcessVideoMsg()
+{
+    try {
+        for (;;) {
+            VideoMessagePtr msg;
+            std_msgs::Header received;
+            {
+                std::unique_lock<std::mutex> lock(queueMutex);
+                queueCondition.wait(lock, [this]() { return !isRunning || !videoQueue.empty(); });
+                if (!isRunning) {
+                    return;
+                }
+                msg = videoQueue.front();
+                videoQueue.pop_front();
+                if (!receivedTimeQueue.empty()) {
+                    received = receivedTimeQueue.front();
+                    receivedTimeQueue.pop_front();
+                }
+            }
+            DecodeFrame(msg, received);
+        }
+    } catch (const std::exception& exception) {
+        LogException(exception.what());
+    } catch (...) {
+        LogException(nullptr);
+    }
+}
+
+void VideoDecoder::DecodeFrame(const VideoMessagePtr& msg, const std_msgs::Header& receivedHeader)
+{
+    auto frame = std::make_shared<YuvTextureData>();
+    frame->SetReceivedTime(receivedHeader);
+    int result = Decoder::decodeError;
+    {
+        std::lock_guard<std::mutex> lock(decoderMutex);
+        decoder->SetCustomAvFrameData(customAvFrameData);
+        result = decoder->Decode(msg, frame);
+    }
+    if (result == Decoder::noPictureYet) {
+        PushBounded(headerQueue, msg->header, maxHeaderQueueLength);
+        return;
+    }
+    if (result != Decoder::decodedPicture) {
+        return;
+    }
+    // Pictures leave the decoder behind their packets: the oldest queued header is this picture's.
+    PushBounded(headerQueue, msg->header, maxHeaderQueueLength);
+    std_msgs::Header header = headerQueue.front();
+    headerQueue.pop_front();
+    frame->SetFrameHeader(header);
+    SendImage(frame);
+
+    std::lock_guard<std::mutex> lock(publisherMutex);
+    if (!isAvFramePublisherReady) {
+        return;
+    }
+    if (customAvFrameData->IsActive()) {
+        auto message = customAvFrameData->TakeMessage();
+        message->header = header;
+        message->height = frame->GetAvFrame()->height;
+        message->width = frame->GetAvFrame()->width;
+        avFramePublisher.publish(message);
+    }
+    customAvFrameData->SetActive(avFramePublisher.getNumSubscribers() > 0);
+}
+
+void VideoDecoder::SendImage(const std::shared_ptr<YuvTextureData>& frame)
+{
+    std::lock_guard<std::mutex> lock(ippNodeMutex);
+    for (const auto& [number, node] : ippNodes) {
+        node->SaveImageToCache(frame);
+    }
+}
+
+void VideoDecoder::AddIppNode(ImageCacheNode* node)
+{
+    if (node == nullptr) {
+        return;
+    }
+    std::lock_guard<std::mutex> lock(ippNodeMutex);
+    ippNodes[static_cast<unsigned>(node->GetIppNodeNo())] = node;
+}
+
+void VideoDecoder::RemoveIppNode(unsigned nodeNumber)
+{
+    std::lock_guard<std::mutex> lock(ippNodeMutex);
+    ippNodes.erase(nodeNumber);
+}
+
+void VideoDecoder::Subscribe()
+{
+    if (isSubscribed && subscribedQueueSize == GetMaxQueueSizeFromRecord()) {
+        return;
+    }
+    Unsubscribe();
+    ResetVideoDecoder();
+    try {
+        if (!topic.isEmpty()) {
+            subscribedQueueSize = GetMaxQueueSizeFromRecord();
+            videoSubscriber = nodeHandle.subscribe<custom::Video>(
+                topic.toStdString(), static_cast<uint32_t>(subscribedQueueSize),
+                [this](const boost::shared_ptr<const custom::Video>& msg) {
+                    // The decoder only reads the message; the subscription hands it over as const.
+                    RecvVideoMsg(boost::const_pointer_cast<custom::Video>(msg));
+                });
+            receivedFrameCount = 0;
+            lastReceivedFrameCount = 0;
+        }
+        isSubscribed = true;
+        cameraInfoSubscriber = nodeHandle.subscribe("camera_info", 1, &VideoDecoder::RecvCameraInfoMsg, this);
+        std::lock_guard<std::mutex> lock(publisherMutex);
+        avFramePublisher = nodeHandle.advertise<custom::AvFrame>(topic.toStdString() + "_avFrame", avFrameQueueSize);
+        isAvFramePublisherReady = true;
+    } catch (const ros::Exception& exception) {
+        Q_EMIT SetStatus(rviz::StatusProperty::Error, topicStatus,
+                         QString("Error subscribing: ") + QString::fromStdString(exception.what()));
+    }
+}
+
+void VideoDecoder::Unsubscribe()
+{
+    videoSubscriber.shutdown();
+    {
+        std::lock_guard<std::mutex> lock(publisherMutex);
+        avFramePublisher.shutdown();
+        isAvFramePublisherReady = false;
+    }
+    cameraInfoSubscriber.shutdown();
+    isSubscribed = false;
+}
+
+void VideoDecoder::RecvCameraInfoMsg(const sensor_msgs::CameraInfo::ConstPtr& info)
+{
+    Q_EMIT SendCameraInfoMsg(info);
+}
+
+void VideoDecoder::AddQueueSizeRecord(int size)
+{
+    const auto position = std::find_if(queueSizeRecords.begin(), queueSizeRecords.end(),
+                                       [size](int record) { return record < size; });
+    queueSizeRecords.insert(position, size);
+}
+
+void VideoDecoder::RemoveQueueSizeRecord(int size)
+{
+    for (auto it = queueSizeRecords.begin(); it != queueSizeRecords.end() && *it >= size; ++it) {
+        if (*it == size) {
+            queueSizeRecords.erase(it);
+            return;
+        }
+    }
+}
+
+int VideoDecoder::GetMaxQueueSizeFromRecord() const
+{
+    return queueSizeRecords.empty() ? defaultQueueSize : queueSizeRecords.front();
+}
+
+void VideoDecoder::UpdateDecoderSelection()
+{
+    Q_EMIT ChangeDecoderSelectionByDecoder(selectionMode);
+}
+
+void VideoDecoder::UpdateDecoderStatus()
+{
+    const int code = decoderInfo.resultCode;
+    Q_EMIT SetStatus(StatusLevels().value(code, rviz::StatusProperty::Error), decoderStatus,
+                     StatusTexts().value(code));
+}
+
+void VideoDecoder::ResetDecoderInfoStatus()
+{
+    isDecoderInfoSent = false;
+}
+
+void VideoDecoder::OnSendDecoderInformation()
+{
+    if (isDecoderInfoSent) {
+        return;
+    }
+    custom::DecoderInfo copy;
+    copy.decoderTopic = decoderInfo.decoderTopic;
+    copy.resultCode = decoderInfo.resultCode;
+    decoderInfoPublisher.publish(copy);
+    isDecoderInfoSent = true;
+}
+
+void VideoDecoder::OnUpdateCameraDecoder(int mode)
+{
+    if (mode == selectionMode) {
+        return;
+    }
+    selectionMode = mode;
+    StopThread();
+    {
+        std::lock_guard<std::mutex> lock(queueMutex);
+        videoQueue.clear();
+        headerQueue.clear();
+    }
+    int result = Decoder::initFailure;
+    {
+        std::lock_guard<std::mutex> lock(decoderMutex);
+        result = InitializeDecoder();
+    }
+    UpdateDecoderStatus();
+    Q_EMIT ChangeDecoderSelectionByDecoder(mode);
+    if (result == Decoder::initSuccess) {
+        ResetVideoDecoder();
+        StartThread();
+    }
+}
+
+void VideoDecoder::CheckIfRecvFrameInSecond()
+{
+    const uint32_t count = receivedFrameCount;
+    if (isSubscribed && count == lastReceivedFrameCount) {
+        Q_EMIT SetStatus(rviz::StatusProperty::Warn, receivingStatus, "No data was received in the last 1 second.");
+    } else {
+        Q_EMIT DeleteStatus(receivingStatus);
+    }
+    lastReceivedFrameCount = count;
+}
+
+} // namespace rviz_plugin

@@ -1,0 +1,150 @@
+#ifndef RVIZ_PLUGIN_VIDEO_DECODER_H
+#define RVIZ_PLUGIN_VIDEO_DECODER_H
+
+#include "custom_av_frame_data.h"
+#include "decoder.h"
+
+#include <QMap>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#ifndef Q_MOC_RUN
+#include <custom/DecoderInfo.h>
+#include <custom/Video.h>
+#include <ros/callback_queue_interface.h>
+#include <ros/ros.h>
+#include <rviz/properties/status_property.h>
+#include <sensor_msgs/CameraInfo.h>
+#include <std_msgs/Header.h>
+#endif
+
+#include <condition_variable>
+#include <deque>
+#include <list>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+namespace rviz {
+class DisplayContext;
+}
+
+namespace rviz_plugin {
+
+class ImageCacheNode;
+class YuvTextureData;
+
+using VideoMessagePtr = boost::shared_ptr<custom::Video>;
+
+// One per video topic in the process: subscribes the topic, queues encoded frames (at most 30, cut
+// back to a key frame on overflow), decodes them on its own thread and hands each picture to the
+// attached overlay nodes.
+class VideoDecoder : public QObject {
+    Q_OBJECT
+public:
+    VideoDecoder();
+    ~VideoDecoder() override;
+
+    void Initialize(const QString& topic, rviz::DisplayContext* context, int selectionMode);
+    // Same, with the callback queue that the subscription is served on.
+    void Initialize(const QString& topic, ros::CallbackQueueInterface* callbackQueue, int selectionMode);
+    void Subscribe();
+    void Unsubscribe();
+    void AddQueueSizeRecord(int size);
+    void RemoveQueueSizeRecord(int size);
+    int GetMaxQueueSizeFromRecord() const;
+    void AddIppNode(ImageCacheNode* node);
+    void RemoveIppNode(unsigned nodeNumber);
+    void UpdateDecoderSelection();
+    void UpdateDecoderStatus();
+    void ResetDecoderInfoStatus();
+    int GetDecoderType() const { return decoderType; }
+    int GetResultCode() const { return decoderInfo.resultCode; }
+    bool IsRunning();
+    bool IsSubscribed() const { return isSubscribed; }
+    uint32_t GetReceivedFrameCount() const { return receivedFrameCount; }
+
+    // Entry of the subscription; public so that tests and tools can feed frames directly.
+    void RecvVideoMsg(const VideoMessagePtr& msg);
+
+    // An access unit that opens with a video parameter set behind a four-byte start code.
+    static bool IsReceivingKeyFrame(const VideoMessagePtr& msg);
+    // The drop rule: true when queue is within maxLength; otherwise the oldest frames go until a key
+    // frame leads the queue. When nothing is left, waitingForKeyFrame is set and the result is false.
+    static bool MaintainQueueLength(std::deque<VideoMessagePtr>& queue, std::size_t maxLength,
+                                    bool& waitingForKeyFrame);
+
+    static const QMap<int, QString>& StatusTexts();
+    static const QMap<int, rviz::StatusProperty::Level>& StatusLevels();
+
+Q_SIGNALS:
+    void SetStatus(rviz::StatusProperty::Level level, const QString& name, const QString& text);
+    void DeleteStatus(const QString& name);
+    void ChangeDecoderSelectionByDecoder(int mode);
+    void SendCameraInfoMsg(const boost::shared_ptr<const sensor_msgs::CameraInfo>& info);
+
+public Q_SLOTS:
+    void OnUpdateCameraDecoder(int mode);
+    void OnSendDecoderInformation();
+    void CheckIfRecvFrameInSecond();
+
+private:
+    int GetDecodingState(const VideoMessagePtr& msg);
+    void ResetVideoDecoder();
+    void ProcessVideoMsg();
+    void DecodeFrame(const VideoMessagePtr& msg, const std_msgs::Header& receivedHeader);
+    void SendImage(const std::shared_ptr<YuvTextureData>& frame);
+    int InitializeDecoder();
+    int CreateDecoder(std::unique_ptr<Decoder> created, int type);
+    void StartThread();
+    void StopThread();
+    void RecvCameraInfoMsg(const sensor_msgs::CameraInfo::ConstPtr& info);
+
+    const unsigned threadStartDelay = 2000;
+    static constexpr uint8_t keyFrameNalHeader = 0x40;
+    static constexpr std::size_t keyFramePrefixLength = 5;
+    const std::size_t resetCommandLength = 46;
+    const std::string resetCommand = "TcpConnectionIsBrokenResetCurrentCameraDecoder";
+    const int defaultQueueSize = 5;
+    const int avFrameQueueSize = 10;
+    const int decoderInfoQueueSize = 30;
+    static constexpr std::size_t maxVideoQueueLength = 30;
+
+    bool isRunning = false;
+    bool waitingForKeyFrame = true;
+    std::unique_ptr<Decoder> decoder;
+    std::deque<VideoMessagePtr> videoQueue;
+    std::condition_variable queueCondition;
+    std::mutex queueMutex;
+    std::thread thread;
+    ros::NodeHandle nodeHandle;
+    ros::Subscriber videoSubscriber;
+    ros::Publisher decoderInfoPublisher;
+    ros::Subscriber cameraInfoSubscriber;
+    ros::Publisher avFramePublisher;
+    QString topic;
+    std::list<int> queueSizeRecords;
+    int subscribedQueueSize = 0;
+    std::deque<std_msgs::Header> headerQueue;
+    std::deque<std_msgs::Header> receivedTimeQueue;
+    QTimer receiveTimer;
+    std::atomic<uint32_t> receivedFrameCount{0};
+    uint32_t lastReceivedFrameCount = 0;
+    bool isSubscribed = false;
+    bool isAvFramePublisherReady = false;
+    std::mutex publisherMutex;
+    std::mutex ippNodeMutex;
+    std::map<unsigned, ImageCacheNode*> ippNodes;
+    int selectionMode = custom::DecoderInfo::SOFTWARE_DECODING_MODE;
+    int decoderType = custom::DecoderInfo::SOFTWARE_DECODER;
+    bool isDecoderInfoSent = false;
+    custom::DecoderInfo decoderInfo;
+    std::mutex decoderMutex;
+    std::shared_ptr<CustomAvFrameData> customAvFrameData;
+};
+
+} // namespace rviz_plugin
+
+#endif
