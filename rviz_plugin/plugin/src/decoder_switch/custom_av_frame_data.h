@@ -3,6 +3,8 @@
 
 #include <custom/AvFrame.h>
 
+#include <boost/make_shared.hpp>
+
 #include <map>
 #include <utility>
 #include <vector>

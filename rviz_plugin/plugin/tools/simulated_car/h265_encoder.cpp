@@ -7,6 +7,8 @@ extern "C" {
 
 #include <cstring>
 
+#include "synthetic_scene.h"
+
 namespace simulated_car {
 
 H265Encoder::H265Encoder(int w, int h, int fps, int keyInterval) : width(w), height(h)
@@ -85,6 +87,19 @@ std::vector<uint8_t> H265Encoder::Encode(const YuvImage& image)
         av_packet_unref(packet);
     }
     return unit;
+}
+
+std::vector<std::vector<uint8_t>> EncodeSceneStream(int width, int height, int fps, int keyInterval, int count)
+{
+    std::vector<std::vector<uint8_t>> units;
+    H265Encoder encoder(width, height, fps, keyInterval);
+    SyntheticScene scene(width, height, 0);
+    YuvImage image(width, height);
+    for (int index = 0; index < count && encoder.IsOpen(); ++index) {
+        scene.Render(static_cast<double>(index) / fps, image);
+        units.push_back(encoder.Encode(image));
+    }
+    return units;
 }
 
 } // namespace simulated_car

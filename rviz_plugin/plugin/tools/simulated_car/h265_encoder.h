@@ -52,6 +52,9 @@ private:
     std::string error;
 };
 
+// count access units of the synthetic scene of camera 0, starting at picture first.
+std::vector<std::vector<uint8_t>> EncodeSceneStream(int width, int height, int fps, int keyInterval, int count);
+
 } // namespace simulated_car
 
 #endif
