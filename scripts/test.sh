@@ -27,5 +27,5 @@ ASAN_OPTIONS=detect_leaks=0 run_suite "$BUILD_DIR-asan" -L integration
 echo "== AddressSanitizer + UndefinedBehaviorSanitizer passed"
 
 BUILD_DIR="$BUILD_DIR-tsan" BUILD_TARGETS=rviz_plugin_threaded_tests "$ROOT/scripts/build.sh" -DRVIZ_PLUGIN_SANITIZE=thread
-TSAN_OPTIONS=halt_on_error=1 run_suite "$BUILD_DIR-tsan" -L threads
+TSAN_OPTIONS="halt_on_error=1 suppressions=$ROOT/rviz_plugin/plugin/test/tsan.supp" run_suite "$BUILD_DIR-tsan" -L threads
 echo "== ThreadSanitizer passed; all tests passed in $(( $(date +%s) - start )) s"

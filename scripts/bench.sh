@@ -1,0 +1,8 @@
+#!/usr/bin/env bash
+# Builds and runs the benchmarks; each prints its figures and its ratio against a reference run.
+set -eo pipefail
+source "$(dirname "$0")/env.sh"
+"$ROOT/scripts/install_deps.sh"
+"$ROOT/scripts/build.sh"
+source "$BUILD_DIR/devel/setup.bash"
+"$BUILD_DIR/devel/lib/rviz_plugin/video_decoder_bench" "$@"
