@@ -41,9 +41,11 @@ constexpr int height = 1080;
 constexpr int fps = 30;
 constexpr int ffmpegThreads = 4;  // the software decoder's thread count
 
+// Counts the pictures of one decoder; with convert, also converts each as the renderer would and
+// records its latency. One per decoder: each has its own scaler.
 class CountingNode : public rviz_plugin::ImageCacheNode {
 public:
-    explicit CountingNode(bool convert) : convert(convert) {}
+    explicit CountingNode(bool convert, int number = 1000) : convert(convert), number(number) {}
     void SaveImageToCache(const std::shared_ptr<YuvTextureData>& frame) override
     {
         if (convert) {
@@ -59,7 +61,7 @@ public:
         }
         ++count;
     }
-    int GetIppNodeNo() const override { return 1000; }
+    int GetIppNodeNo() const override { return number; }
 
     std::atomic<int> count{0};
     std::vector<double> latencies;
@@ -67,6 +69,7 @@ public:
 
 private:
     bool convert;
+    int number;
     rviz_plugin::TransformCore core;
 };
 
@@ -127,7 +130,7 @@ void Latency(const std::vector<std::vector<uint8_t>>& units, ros::CallbackQueue&
 {
     constexpr int cameras = 4;
     std::vector<std::unique_ptr<VideoDecoder>> decoders;
-    CountingNode node(true);
+    std::vector<std::unique_ptr<CountingNode>> nodes;
     ros::NodeHandle handle;
     std::vector<ros::Publisher> publishers;
     for (int camera = 0; camera < cameras; ++camera) {
@@ -136,7 +139,8 @@ void Latency(const std::vector<std::vector<uint8_t>>& units, ros::CallbackQueue&
         decoders.back()->Initialize(QString::fromStdString(topic), &queue, custom::DecoderInfo::SOFTWARE_DECODING_MODE);
         decoders.back()->AddQueueSizeRecord(30);
         decoders.back()->Subscribe();
-        decoders.back()->AddIppNode(&node);
+        nodes.push_back(std::make_unique<CountingNode>(true, camera));
+        decoders.back()->AddIppNode(nodes.back().get());
         publishers.push_back(handle.advertise<custom::Video>("/" + topic, 30));
     }
     test_support::WaitFor(
@@ -154,14 +158,16 @@ void Latency(const std::vector<std::vector<uint8_t>>& units, ros::CallbackQueue&
         rate.sleep();
     }
     std::this_thread::sleep_for(std::chrono::seconds(1));
-    for (auto& decoder : decoders) {
-        decoder->RemoveIppNode(1000);
+    std::vector<double> latencies;
+    for (int camera = 0; camera < cameras; ++camera) {
+        decoders[static_cast<std::size_t>(camera)]->RemoveIppNode(static_cast<unsigned>(camera));
+        std::lock_guard<std::mutex> lock(nodes[static_cast<std::size_t>(camera)]->mutex);
+        const auto& own = nodes[static_cast<std::size_t>(camera)]->latencies;
+        latencies.insert(latencies.end(), own.begin(), own.end());
     }
-    std::lock_guard<std::mutex> lock(node.mutex);
     std::printf("latency, 4 x 1080p30 for %.0f s: %zu of %d pictures shown, publish to converted for upload: "
                 "median %.1f ms, p99 %.1f ms\n",
-                seconds, node.latencies.size(), ticks * cameras, Percentile(node.latencies, 0.5),
-                Percentile(node.latencies, 0.99));
+                seconds, latencies.size(), ticks * cameras, Percentile(latencies, 0.5), Percentile(latencies, 0.99));
 }
 
 } // namespace

@@ -152,6 +152,14 @@ TEST_F(RvizEndToEnd, KeysNumberedTwoTenOneLoadInTheOrderOneTwoTen)
 {
     auto rviz = StartRviz(sourceDirectory + "/test/e2e/configs/unordered_keys.rviz");
     ExpectNoPluginError(rviz->Log());
+    std::this_thread::sleep_for(2s);
+    const std::string screenshot = artifactDirectory + "/kora_vision_wall_idle.png";
+    ASSERT_TRUE(xserver->Screenshot(screenshot));
+    const QImage image(QString::fromStdString(screenshot));
+    ASSERT_FALSE(image.isNull());
+    // Three items without video show the idle picture, and the wall keeps its own colours.
+    EXPECT_GT(CountColour(image, QColor(0x28, 0x78, 0xc5)), 300);
+    EXPECT_GT(CountInWall(image, [](const QColor& c, int, int) { return c == QColor(0x2a, 0x2f, 0x36); }), 500);
     ASSERT_TRUE(rviz->SaveConfig(20s)) << rviz->Log();
     const std::string saved = test_support::ReadFile(work / "unordered_keys.rviz");
     // Items took the keys in numeric order, so each number still carries its own topic.
