@@ -1,0 +1,387 @@
+#include "parser.h"
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+#include <set>
+
+namespace RosMsgParser {
+
+namespace {
+
+constexpr std::size_t maxNestingDepth = 32;
+
+class TreeBuilder {
+public:
+    explicit TreeBuilder(const RosMessageLibrary& library) : library(library) {}
+
+    const ROSMessage& Message(const ROSType& type) const { return *library.at(type); }
+
+    // The fields of message below node; rejects recursive types and absurd nesting.
+    void Build(FieldTreeNode& node, const ROSMessage& message, std::size_t depth, std::size_t arrayDepth)
+    {
+        if (depth > maxNestingDepth) {
+            throw ParseError("message nesting deeper than " + std::to_string(maxNestingDepth));
+        }
+        if (!path.insert(message.type().baseName()).second) {
+            throw ParseError("recursive message type " + message.type().baseName());
+        }
+        node.message = &message;
+        for (const ROSField& field : message.fields()) {
+            if (field.isConstant()) {
+                continue;
+            }
+            auto child = std::make_unique<FieldTreeNode>();
+            child->name = field.name();
+            child->field = &field;
+            child->parent = &node;
+            const std::size_t childArrays = arrayDepth + (field.isArray() ? 1 : 0);
+            if (childArrays > maxArrayDepth) {
+                throw ParseError("arrays nested deeper than " + std::to_string(maxArrayDepth));
+            }
+            if (!field.type().isBuiltin()) {
+                Build(*child, Message(field.type()), depth + 1, childArrays);
+            }
+            child->minWireSize = ElementMinSize(field);
+            node.children.push_back(std::move(child));
+        }
+        path.erase(message.type().baseName());
+    }
+
+    MessageTreeNode MessageTree(const ROSMessage& message) const
+    {
+        MessageTreeNode node;
+        node.message = &message;
+        for (const ROSField& field : message.fields()) {
+            if (!field.isConstant() && !field.type().isBuiltin()) {
+                node.children.push_back(MessageTree(Message(field.type())));
+            }
+        }
+        return node;
+    }
+
+private:
+    std::size_t ElementMinSize(const ROSField& field)
+    {
+        const BuiltinType type = field.type().typeID();
+        if (type == STRING) {
+            return 4;
+        }
+        if (type != OTHER) {
+            return BuiltinSize(type);
+        }
+        return MessageMinSize(Message(field.type()));
+    }
+
+    std::size_t MessageMinSize(const ROSMessage& message)
+    {
+        const auto cached = minSizes.find(&message);
+        if (cached != minSizes.end()) {
+            return cached->second;
+        }
+        std::size_t total = 0;
+        for (const ROSField& field : message.fields()) {
+            if (field.isConstant()) {
+                continue;
+            }
+            if (field.isArray() && field.arraySize() < 0) {
+                total += 4;
+            } else {
+                const std::size_t count = field.isArray() ? static_cast<std::size_t>(field.arraySize()) : 1;
+                total += count * ElementMinSize(field);
+            }
+        }
+        minSizes[&message] = total;
+        return total;
+    }
+
+    const RosMessageLibrary& library;
+    std::set<std::string> path;
+    std::map<const ROSMessage*, std::size_t> minSizes;
+};
+
+} // namespace
+
+// Bounds-checked little-endian reading of one message.
+class Parser::Reader {
+public:
+    explicit Reader(Span<uint8_t> buffer) : position(buffer.data()), end(buffer.data() + buffer.size()) {}
+
+    std::size_t Remaining() const { return static_cast<std::size_t>(end - position); }
+
+    template <typename T>
+    T Read()
+    {
+        Require(sizeof(T));
+        T value;
+        std::memcpy(&value, position, sizeof(T));
+        position += sizeof(T);
+        return value;
+    }
+    const uint8_t* Take(std::size_t bytes)
+    {
+        Require(bytes);
+        const uint8_t* start = position;
+        position += bytes;
+        return start;
+    }
+    void Require(std::size_t bytes) const
+    {
+        if (bytes > Remaining()) {
+            throw DeserializeError("buffer too short: " + std::to_string(bytes) + " bytes needed, " +
+                                   std::to_string(Remaining()) + " left");
+        }
+    }
+
+private:
+    const uint8_t* position;
+    const uint8_t* end;
+};
+
+Parser::Parser(const std::string& topicName, const ROSType& messageType, const std::string& definition)
+    : schema_(std::make_shared<MessageSchema>())
+{
+    schema_->topicName = topicName;
+    schema_->messageLibrary = ParseMessageDefinitions(definition, messageType);
+    schema_->rootMessage = schema_->messageLibrary.at(messageType);
+    TreeBuilder builder(schema_->messageLibrary);
+    schema_->fieldTree = std::make_unique<FieldTreeNode>();
+    schema_->fieldTree->name = topicName;
+    builder.Build(*schema_->fieldTree, *schema_->rootMessage, 0, 0);
+    schema_->messageTree = builder.MessageTree(*schema_->rootMessage);
+}
+
+void Parser::setMaxArrayPolicy(MaxArrayPolicy policy, std::size_t maxArraySize)
+{
+    if (maxArraySize > maxArraySizeLimit) {
+        throw std::runtime_error("max_array_size limited to 10000 at most");
+    }
+    policy_ = policy;
+    maxArraySize_ = maxArraySize;
+}
+
+bool Parser::deserializeIntoFlatMsg(Span<uint8_t> buffer, FlatMessage* flat) const
+{
+    flat->schema = schema_;
+    flat->value.clear();
+    flat->name.clear();
+    flat->blob.clear();
+    flat->blob_storage.clear();
+    Reader reader(buffer);
+    FieldTreeLeaf leaf;
+    Decode(*schema_->fieldTree, reader, *flat, leaf);
+    return true;
+}
+
+void Parser::Decode(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf) const
+{
+    for (const auto& child : node.children) {
+        DecodeField(*child, reader, flat, leaf, true);
+    }
+}
+
+namespace {
+bool IsByte(BuiltinType type)
+{
+    return type == UINT8 || type == INT8 || type == BYTE || type == CHAR;
+}
+} // namespace
+
+void Parser::DecodeField(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf,
+                         bool store) const
+{
+    const ROSField& field = *node.field;
+    const BuiltinType type = field.type().typeID();
+    // One element at the leaf's current indices.
+    const auto decodeOne = [&](bool keep) {
+        leaf.node = &node;
+        switch (type) {
+        case BOOL:
+        case BYTE:
+        case UINT8:
+        case CHAR: {
+            const uint8_t v = reader.Read<uint8_t>();
+            if (keep) flat.value.emplace_back(leaf, Variant::Unsigned(type, v));
+            break;
+        }
+        case UINT16: {
+            const uint16_t v = reader.Read<uint16_t>();
+            if (keep) flat.value.emplace_back(leaf, Variant::Unsigned(type, v));
+            break;
+        }
+        case UINT32: {
+            const uint32_t v = reader.Read<uint32_t>();
+            if (keep) flat.value.emplace_back(leaf, Variant::Unsigned(type, v));
+            break;
+        }
+        case UINT64: {
+            const uint64_t v = reader.Read<uint64_t>();
+            if (keep) flat.value.emplace_back(leaf, Variant::Unsigned(type, v));
+            break;
+        }
+        case INT8: {
+            const int8_t v = reader.Read<int8_t>();
+            if (keep) flat.value.emplace_back(leaf, Variant::Signed(type, v));
+            break;
+        }
+        case INT16: {
+            const int16_t v = reader.Read<int16_t>();
+            if (keep) flat.value.emplace_back(leaf, Variant::Signed(type, v));
+            break;
+        }
+        case INT32: {
+            const int32_t v = reader.Read<int32_t>();
+            if (keep) flat.value.emplace_back(leaf, Variant::Signed(type, v));
+            break;
+        }
+        case INT64: {
+            const int64_t v = reader.Read<int64_t>();
+            if (keep) flat.value.emplace_back(leaf, Variant::Signed(type, v));
+            break;
+        }
+        case FLOAT32: {
+            const float v = reader.Read<float>();
+            if (keep) flat.value.emplace_back(leaf, Variant::Real(type, v));
+            break;
+        }
+        case FLOAT64: {
+            const double v = reader.Read<double>();
+            if (keep) flat.value.emplace_back(leaf, Variant::Real(type, v));
+            break;
+        }
+        case TIME: {
+            const uint32_t seconds = reader.Read<uint32_t>();
+            const uint32_t nanoseconds = reader.Read<uint32_t>();
+            if (keep) flat.value.emplace_back(leaf, Variant::Stamp(type, seconds, nanoseconds));
+            break;
+        }
+        case DURATION: {
+            const int32_t seconds = reader.Read<int32_t>();
+            const int32_t nanoseconds = reader.Read<int32_t>();
+            if (keep) flat.value.emplace_back(leaf, Variant::Stamp(type, seconds, nanoseconds));
+            break;
+        }
+        case STRING: {
+            const uint32_t length = reader.Read<uint32_t>();
+            const uint8_t* text = reader.Take(length);
+            if (keep) flat.name.emplace_back(leaf, std::string(reinterpret_cast<const char*>(text), length));
+            break;
+        }
+        case OTHER:
+            for (const auto& child : node.children) {
+                DecodeField(*child, reader, flat, leaf, keep);
+            }
+            break;
+        }
+    };
+
+    if (!field.isArray()) {
+        decodeOne(store);
+        return;
+    }
+    const std::size_t count =
+        field.arraySize() >= 0 ? static_cast<std::size_t>(field.arraySize()) : reader.Read<uint32_t>();
+    if (IsByte(type) && count > maxArraySize_) {
+        const uint8_t* bytes = reader.Take(count);
+        if (store && policy_ == KEEP_LARGE_ARRAYS) {
+            leaf.node = &node;
+            flat.blob_storage.emplace_back(bytes, bytes + count);
+            flat.blob.emplace_back(leaf, Span<uint8_t>(flat.blob_storage.back()));
+        }
+        return;
+    }
+    // A length that the rest of the buffer cannot hold is refused before any work.
+    if (node.minWireSize > 0 && count > reader.Remaining() / node.minWireSize) {
+        throw DeserializeError("array " + node.name + " of " + std::to_string(count) +
+                               " elements runs past the end of the buffer");
+    }
+    const std::size_t kept =
+        count <= maxArraySize_ ? count : (policy_ == KEEP_LARGE_ARRAYS ? maxArraySize_ : std::size_t(0));
+    // Elements of no size carry nothing: those beyond the kept ones need no reading.
+    const std::size_t visited = node.minWireSize == 0 ? std::min(count, kept) : count;
+    const uint8_t depth = leaf.indexCount++;
+    for (std::size_t i = 0; i < visited; ++i) {
+        leaf.indexArray[depth] = static_cast<uint16_t>(std::min<std::size_t>(i, UINT16_MAX));
+        decodeOne(store && i < kept);
+    }
+    leaf.indexCount = depth;
+}
+
+double Variant::convertToDouble() const
+{
+    switch (type_) {
+    case INT64: {
+        const double converted = static_cast<double>(signed_);
+        if (converted >= 9223372036854775808.0 || static_cast<int64_t>(converted) != signed_) {
+            throw RangeException("int64 value " + std::to_string(signed_) + " cannot be converted to double exactly");
+        }
+        return converted;
+    }
+    case UINT64: {
+        const double converted = static_cast<double>(unsigned_);
+        if (converted >= 18446744073709551616.0 || static_cast<uint64_t>(converted) != unsigned_) {
+            throw RangeException("uint64 value " + std::to_string(unsigned_) +
+                                 " cannot be converted to double exactly");
+        }
+        return converted;
+    }
+    case BOOL:
+    case BYTE:
+    case CHAR:
+    case UINT8:
+    case UINT16:
+    case UINT32:
+        return static_cast<double>(unsigned_);
+    case INT8:
+    case INT16:
+    case INT32:
+        return static_cast<double>(signed_);
+    case FLOAT32:
+    case FLOAT64:
+        return real_;
+    case TIME:
+    case DURATION:
+        return static_cast<double>(signed_) + static_cast<double>(nanoseconds_) * 1e-9;
+    case STRING:
+    case OTHER:
+        break;
+    }
+    throw RangeException("not a number");
+}
+
+void FieldTreeLeaf::toStr(std::string& out) const
+{
+    out.clear();
+    if (node == nullptr) {
+        return;
+    }
+    std::array<const FieldTreeNode*, 64> chain{};
+    std::size_t length = 0;
+    for (const FieldTreeNode* current = node; current != nullptr && length < chain.size();
+         current = current->parent) {
+        chain[length++] = current;
+    }
+    std::size_t index = 0;
+    for (std::size_t i = length; i-- > 0;) {
+        const FieldTreeNode* current = chain[i];
+        if (current->field != nullptr) {
+            out += '/';
+        }
+        out += current->name;
+        if (current->field != nullptr && current->field->isArray() && index < indexCount) {
+            out += '.';
+            out += std::to_string(indexArray[index++]);
+        }
+    }
+}
+
+void CreateRenamedValues(const FlatMessage& msg, RenamedValues& out)
+{
+    out.resize(msg.value.size());
+    for (std::size_t i = 0; i < msg.value.size(); ++i) {
+        msg.value[i].first.toStr(out[i].first);
+        out[i].second = msg.value[i].second.convertToDouble();
+    }
+}
+
+} // namespace RosMsgParser
