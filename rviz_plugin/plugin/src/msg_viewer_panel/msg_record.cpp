@@ -1,0 +1,108 @@
+#include "msg_record.h"
+
+namespace rviz_plugin {
+
+void MsgRecord::UpdateSelectionDataFromDefinition(bool table, const std::string& arrayName,
+                                                  const std::map<std::string, FieldTypePairs>& selection)
+{
+    std::map<std::string, MsgRecordStruct::TopicSelection> topics;
+    std::map<std::string, std::vector<MsgRecordStruct::FieldsSelection>> fields;
+    for (const auto& [topic, pairs] : selection) {
+        MsgRecordStruct::TopicSelection& topicSelection = topics[topic];
+        topicSelection.topicName = topic;
+        topicSelection.isChecked = table;
+        const auto old = topicSelections.find(topic);
+        if (old != topicSelections.end()) {
+            topicSelection.nickName = old->second.nickName;
+        }
+        for (const auto& [field, type] : pairs) {
+            MsgRecordStruct::FieldsSelection fieldSelection;
+            fieldSelection.fieldName = field;
+            fieldSelection.fieldType = type;
+            fieldSelection.nickName = GetFieldsNickName(topic, field) == field ? std::string()
+                                                                              : GetFieldsNickName(topic, field);
+            fields[topic].push_back(fieldSelection);
+        }
+    }
+    selectedArrayName = arrayName;
+    topicSelections.swap(topics);
+    fieldSelections.swap(fields);
+}
+
+void MsgRecord::UpdateSelection()
+{
+    UpdateSelectTopicsFields();
+    UpdateDataHandlerMsg();
+    msgSubscriber.GetHandler().SetLoadedTopicsFields(topicFields);
+    msgSubscriber.UpdateMsgDisplaySubscriber(topicFields);
+}
+
+void MsgRecord::UpdateSelectTopicsFields()
+{
+    topicFields.clear();
+    fieldTypes.clear();
+    for (const auto& [topic, selection] : topicSelections) {
+        isTable = selection.isChecked;
+        auto& names = topicFields[topic];
+        for (const auto& field : fieldSelections[topic]) {
+            names.push_back(field.fieldName);
+            fieldTypes[topic][field.fieldName] = field.fieldType;
+        }
+    }
+}
+
+void MsgRecord::UpdateDataHandlerMsg()
+{
+    MsgDataHandler& handler = msgSubscriber.GetHandler();
+    handler.SetSelectedFields(topicFields);
+    handler.SetFieldTypes(fieldTypes);
+    handler.SetArrayMode(!selectedArrayName.empty(), selectedArrayName);
+    handler.InitCountDataFrame();
+}
+
+std::map<std::string, std::string> MsgRecord::GetFieldsTypes(const std::string& topic) const
+{
+    const auto found = fieldTypes.find(topic);
+    return found == fieldTypes.end() ? std::map<std::string, std::string>() : found->second;
+}
+
+std::string MsgRecord::GetTopicNickName(const std::string& topic) const
+{
+    const auto found = topicSelections.find(topic);
+    return found == topicSelections.end() || found->second.nickName.empty() ? topic : found->second.nickName;
+}
+
+void MsgRecord::UpdateTopicNickName(const std::string& topic, const std::string& name)
+{
+    if (!name.empty()) {
+        topicSelections[topic].nickName = name;
+    }
+}
+
+std::string MsgRecord::GetFieldsNickName(const std::string& topic, const std::string& field) const
+{
+    const auto found = fieldSelections.find(topic);
+    if (found != fieldSelections.end()) {
+        for (const auto& selection : found->second) {
+            if (selection.fieldName == field && !selection.nickName.empty()) {
+                return selection.nickName;
+            }
+        }
+    }
+    return field;
+}
+
+void MsgRecord::UpdateFieldsNickName(const std::string& topic, const std::string& field, const std::string& name)
+{
+    const auto found = fieldSelections.find(topic);
+    if (name.empty() || found == fieldSelections.end()) {
+        return;
+    }
+    for (auto& selection : found->second) {
+        if (selection.fieldName == field) {
+            selection.nickName = name;
+        }
+    }
+}
+
+} // namespace rviz_plugin

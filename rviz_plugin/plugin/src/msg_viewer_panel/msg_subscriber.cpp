@@ -1,0 +1,111 @@
+#include "msg_subscriber.h"
+
+#include "foundation/logger.h"
+
+namespace rviz_plugin {
+
+namespace {
+const char* const logModule = "MSG Viewer";
+constexpr uint32_t subscriberQueueSize = 10;
+constexpr int maxArraySize = 100;
+
+void LogError(const std::string& message)
+{
+    Orsa::Logger::GetInstance().WriteLog(logModule, Orsa::LogLevel::Error, message);
+}
+} // namespace
+
+MsgSubscriber::MsgSubscriber() = default;
+
+ros::Subscriber MsgSubscriber::Subscribe(const std::string& topic, bool display)
+{
+    ros::SubscribeOptions options;
+    options.topic = topic;
+    options.queue_size = subscriberQueueSize;
+    options.md5sum = ros::message_traits::md5sum<RosMsgParser::ShapeShifter>();
+    options.datatype = ros::message_traits::datatype<RosMsgParser::ShapeShifter>();
+    options.helper = boost::make_shared<ros::SubscriptionCallbackHelperT<const RosMsgParser::ShapeShifter::ConstPtr&>>(
+        [this, topic, display](const RosMsgParser::ShapeShifter::ConstPtr& msg) {
+            if (display) {
+                TopicCallbackDisplay(*msg, topic);
+            } else {
+                TopicCallbackSelect(*msg, topic);
+            }
+        });
+    return nodeHandle.subscribe(options);
+}
+
+void MsgSubscriber::UpdateMsgDefinitionSubscriber()
+{
+    ros::master::V_TopicInfo topics;
+    ros::master::getTopics(topics);
+    for (const auto& info : topics) {
+        subscribers[info.name] = Subscribe(info.name, false);
+    }
+}
+
+void MsgSubscriber::UpdateMsgDisplaySubscriber(const std::map<std::string, std::vector<std::string>>& topicFields)
+{
+    subscribers.clear();
+    for (const auto& [topic, fields] : topicFields) {
+        subscribers[topic] = Subscribe(topic, true);
+    }
+}
+
+void MsgSubscriber::ShutdownSubscriber()
+{
+    for (auto& [topic, subscriber] : subscribers) {
+        subscriber.shutdown();
+    }
+}
+
+void MsgSubscriber::TopicCallbackSelect(const RosMsgParser::ShapeShifter& msg, const std::string& topic)
+{
+    MsgParsers::CachedPack* pack = nullptr;
+    try {
+        parsers.registerParser(topic, msg, maxArraySize);
+        pack = parsers.getPack(topic);
+    } catch (const std::exception& error) {
+        LogError("Failed to parse the definition of " + topic + ": " + error.what());
+        return;
+    }
+    if (pack == nullptr) {
+        return;
+    }
+    const std::string typeChanged =
+        "The type of the newly received message whose topic is " + topic +
+        " is different from the type of the previously published message. Close or remove this MSG Viewer and add a "
+        "new one to subscribe to this topic, or restart Orsa and subscribe to this topic again, or change the topic "
+        "name of the message to be published.";
+    // The parser stays bound to the first type; bytes of another type are not decoded with it.
+    if (msg.getDataType() != pack->datatype) {
+        LogError(typeChanged);
+        return;
+    }
+    try {
+        pack->parser.deserializeIntoFlatMsg(RosMsgParser::Span<uint8_t>(msg.raw_data()), &pack->scratch.flatMessage);
+        RosMsgParser::CreateRenamedValues(pack->scratch.flatMessage, pack->scratch.flatValues);
+    } catch (const RosMsgParser::RangeException& error) {
+        LogError(error.what());
+        Q_EMIT SignalErrorCatched(QString::fromStdString(topic),
+                                  "In the sent data, the maximum value of the field of the int64 type exceeds "
+                                  "18014398509482060, or the maximum value of the field of the uint64 type exceeds "
+                                  "27137417339209760.");
+        return;
+    } catch (const std::runtime_error&) {
+        LogError(typeChanged);
+        return;
+    }
+    std::swap(pack->msg, pack->scratch);
+    Q_EMIT SignalErrorCatched(QString(), QString());
+    deserializedMsgs[topic] = &pack->msg;
+}
+
+void MsgSubscriber::TopicCallbackDisplay(const RosMsgParser::ShapeShifter& msg, const std::string& topic)
+{
+    TopicCallbackSelect(msg, topic);
+    handler.DisplaySelectedData(deserializedMsgs, topic, maxRows);
+    Q_EMIT UpdateDisplayModel();
+}
+
+} // namespace rviz_plugin
