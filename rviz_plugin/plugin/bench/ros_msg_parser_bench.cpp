@@ -9,22 +9,16 @@
 
 #include <ros/serialization.h>
 
+#include "../test/support/ros_test_main.h"
+
 #include <chrono>
 #include <cstdio>
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using test_support::Serialize;
 
-template <typename T>
-std::vector<uint8_t> Serialize(const T& message)
-{
-    const uint32_t length = ros::serialization::serializationLength(message);
-    std::vector<uint8_t> buffer(length);
-    ros::serialization::OStream out(buffer.data(), length);
-    ros::serialization::serialize(out, message);
-    return buffer;
-}
 
 // Runs body repeatedly for about a second and returns calls per second.
 template <typename Body>

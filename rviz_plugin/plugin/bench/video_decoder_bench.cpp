@@ -14,7 +14,7 @@
 #include "simulated_car/h265_encoder.h"
 
 #include "../test/support/processes.h"
-#include "../test/support/temp_dir.h"
+#include "../test/support/ros_test_main.h"
 
 #include <QCoreApplication>
 #include <ros/callback_queue.h>
@@ -184,33 +184,28 @@ int main(int argc, char** argv)
             latencySeconds = std::atof(argv[i + 1]);
         }
     }
-    test_support::TempDir work;
-    test_support::RosMaster master(work.Path().string());
-    for (const auto& [name, value] : master.RosEnvironment()) {
-        setenv(name.c_str(), value.c_str(), 1);
-    }
-    ros::init(argc, argv, "video_decoder_bench", ros::init_options::NoSigintHandler);
-    ros::start();
-    QCoreApplication app(argc, argv);
-    ros::CallbackQueue queue;
-    ros::AsyncSpinner spinner(2, &queue);
-    spinner.start();
-
-    std::printf("encoding %d pictures of 1920x1080 with libx265...\n", frames);
-    const auto units = simulated_car::EncodeSceneStream(width, height, fps, fps, frames);
-    const std::string file = work / "same.h265";
-    {
-        std::ofstream out(file, std::ios::binary);
-        for (const auto& unit : units) {
-            out.write(reinterpret_cast<const char*>(unit.data()), static_cast<std::streamsize>(unit.size()));
+    return test_support::WithRosMaster(argc, argv, "video_decoder_bench", [&]() {
+        QCoreApplication app(argc, argv);
+        ros::CallbackQueue queue;
+        ros::AsyncSpinner spinner(2, &queue);
+        spinner.start();
+        std::printf("encoding %d pictures of 1920x1080 with libx265...\n", frames);
+        const auto units = simulated_car::EncodeSceneStream(width, height, fps, fps, frames);
+        test_support::TempDir work;
+        const std::string file = work / "same.h265";
+        {
+            std::ofstream out(file, std::ios::binary);
+            for (const auto& unit : units) {
+                out.write(reinterpret_cast<const char*>(unit.data()), static_cast<std::streamsize>(unit.size()));
+            }
         }
-    }
-    const double ours = OurFramesPerSecond(units, queue);
-    const double reference = FfmpegFramesPerSecond(file, frames);
-    std::printf("throughput, %d pictures 1080p, %d threads: VideoDecoder %.1f fps, ffmpeg CLI %.1f fps, ratio %.3f\n",
-                frames, ffmpegThreads, ours, reference, reference > 0 ? ours / reference : 0.0);
-    Latency(units, queue, latencySeconds);
-    spinner.stop();
-    ros::shutdown();
-    return 0;
+        const double ours = OurFramesPerSecond(units, queue);
+        const double reference = FfmpegFramesPerSecond(file, frames);
+        std::printf("throughput, %d pictures 1080p, %d threads: VideoDecoder %.1f fps, ffmpeg CLI %.1f fps, "
+                    "ratio %.3f\n",
+                    frames, ffmpegThreads, ours, reference, reference > 0 ? ours / reference : 0.0);
+        Latency(units, queue, latencySeconds);
+        spinner.stop();
+        return 0;
+    });
 }

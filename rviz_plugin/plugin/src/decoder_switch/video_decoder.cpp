@@ -41,14 +41,6 @@ void PushBounded(std::deque<T>& queue, const T& value, std::size_t limit)
     }
 }
 
-void LogException(const char* what)
-{
-    const std::string sentence =
-        "An unexpected exception occurs during service processing. Check whether the data is correct.";
-    Orsa::Logger::GetInstance().WriteLog(
-        logModule, Orsa::LogLevel::Error,
-        what == nullptr ? sentence : sentence + " The exception information is as follows: " + what);
-}
 } // namespace
 
 const QMap<int, QString>& VideoDecoder::StatusTexts()
@@ -290,9 +282,9 @@ void VideoDecoder::ProcessVideoMsg()
             DecodeFrame(msg, received);
         }
     } catch (const std::exception& exception) {
-        LogException(exception.what());
+        Orsa::LogUnexpectedException("KoraVision", exception.what());
     } catch (...) {
-        LogException(nullptr);
+        Orsa::LogUnexpectedException("KoraVision", nullptr);
     }
 }
 

@@ -15,14 +15,6 @@ std::recursive_mutex VideoHandler::decoderMapMutex;
 namespace {
 constexpr int decoderNumberQueueSize = 30;
 
-void LogException(const char* what)
-{
-    const std::string sentence =
-        "An unexpected exception occurs during service processing. Check whether the data is correct.";
-    Orsa::Logger::GetInstance().WriteLog(
-        "KoraVision", Orsa::LogLevel::Error,
-        what == nullptr ? sentence : sentence + " The exception information is as follows: " + what);
-}
 } // namespace
 
 VideoHandler::VideoHandler(ImageCacheNode& node, rviz::DisplayContext* displayContext)
@@ -165,9 +157,9 @@ void VideoHandler::OnSubscribe(const QString& chosenTopic, int size)
         decoder->UpdateDecoderSelection();
         decoder->UpdateDecoderStatus();
     } catch (const std::exception& exception) {
-        LogException(exception.what());
+        Orsa::LogUnexpectedException("KoraVision", exception.what());
     } catch (...) {
-        LogException(nullptr);
+        Orsa::LogUnexpectedException("KoraVision", nullptr);
     }
 }
 
@@ -210,7 +202,7 @@ void VideoHandler::SendDecoderNumberInfo(const custom::DecoderInfo::ConstPtr& ms
         answer.decoderNum = static_cast<uint8_t>(decoders.size());
         decoderNumberPublisher.publish(answer);
     } catch (const std::exception& exception) {
-        LogException(exception.what());
+        Orsa::LogUnexpectedException("KoraVision", exception.what());
     }
 }
 

@@ -24,6 +24,15 @@ std::string LimitLogLine(const std::string& line, std::size_t maxSize)
     return line.substr(0, maxSize - 1) + "...";
 }
 
+void LogUnexpectedException(const std::string& module, const char* what)
+{
+    const std::string sentence =
+        "An unexpected exception occurs during service processing. Check whether the data is correct.";
+    Logger::GetInstance().WriteLog(
+        module, LogLevel::Error,
+        what == nullptr ? sentence : sentence + " The exception information is as follows: " + what);
+}
+
 Logger& Logger::GetInstance()
 {
     static Logger instance;

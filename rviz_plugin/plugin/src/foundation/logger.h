@@ -39,6 +39,10 @@ private:
     std::string logLevelEnvName = "KORA_TOOL_LOG_LEVEL";
 };
 
+// Logs an exception that ended a worker's body: "An unexpected exception occurs during service
+// processing. ..." with its text, or without it (what == nullptr) for an exception of unknown type.
+void LogUnexpectedException(const std::string& module, const char* what);
+
 // Cuts a line longer than maxSize to its first maxSize - 1 characters followed by "...".
 std::string LimitLogLine(const std::string& line, std::size_t maxSize);
 

@@ -1,7 +1,7 @@
 // Message identity through a real ROS master: a subscriber of this library's type connects to a
 // publisher that announces the agreed sum, and refuses one that announces another.
 #include "../support/processes.h"
-#include "../support/temp_dir.h"
+#include "../support/ros_test_main.h"
 
 #include <custom/ObjectArray.h>
 #include <custom/Video.h>
@@ -21,15 +21,11 @@ namespace {
 template <typename T>
 topic_tools::ShapeShifter Morph(const T& message, const std::string& md5sum)
 {
-    namespace ser = ros::serialization;
-    const uint32_t length = ser::serializationLength(message);
-    std::vector<uint8_t> buffer(length);
-    ser::OStream out(buffer.data(), length);
-    ser::serialize(out, message);
+    std::vector<uint8_t> buffer = test_support::Serialize(message);
     topic_tools::ShapeShifter shifter;
     shifter.morph(md5sum, ros::message_traits::DataType<T>::value(), ros::message_traits::Definition<T>::value(),
                   "");
-    ser::IStream in(buffer.data(), length);
+    ros::serialization::IStream in(buffer.data(), static_cast<uint32_t>(buffer.size()));
     shifter.read(in);
     return shifter;
 }
@@ -73,14 +69,5 @@ TEST(MessageInterop, AgreedSumDeliversAndAnotherIsRefused)
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    test_support::TempDir work;
-    test_support::RosMaster master(work.Path().string());
-    for (const auto& [name, value] : master.RosEnvironment()) {
-        setenv(name.c_str(), value.c_str(), 1);
-    }
-    ros::init(argc, argv, "message_interop_test", ros::init_options::NoSigintHandler);
-    ros::start();
-    const int result = RUN_ALL_TESTS();
-    ros::shutdown();
-    return result;
+    return test_support::WithRosMaster(argc, argv, "message_interop_test", []() { return RUN_ALL_TESTS(); });
 }

@@ -5,7 +5,7 @@
 #include "msg_viewer_panel/topic_msg.h"
 
 #include "../support/processes.h"
-#include "../support/temp_dir.h"
+#include "../support/ros_test_main.h"
 
 #include <custom/RoadInfo.h>
 #include <visualization_msgs/Marker.h>
@@ -19,6 +19,7 @@
 #include <memory>
 
 using namespace std::chrono_literals;
+using test_support::Console;
 using rviz_plugin::MsgRecord;
 using rviz_plugin::TopicMsg;
 
@@ -95,13 +96,6 @@ std::map<std::string, std::string> KeyValues(MsgRecord& record, const std::strin
     return values;
 }
 
-template <typename Body>
-std::string Console(Body body)
-{
-    testing::internal::CaptureStdout();
-    body();
-    return testing::internal::GetCapturedStdout();
-}
 
 } // namespace
 
@@ -225,9 +219,7 @@ TEST_F(MsgViewer, LargeIntegersAndTypeChangesKeepTheLastGoodContent)
     EXPECT_NE(out.find("[Error][MSG Viewer]"), std::string::npos) << out;
 
     custom::RoadInfo road;
-    std::vector<uint8_t> roadBytes(ros::serialization::serializationLength(road));
-    ros::serialization::OStream stream(roadBytes.data(), static_cast<uint32_t>(roadBytes.size()));
-    ros::serialization::serialize(stream, road);
+    const std::vector<uint8_t> roadBytes = test_support::Serialize(road);
     out = Console([&]() {
         for (int i = 0; i < 2; ++i) {
             record.GetSubscriber().TopicCallbackDisplay(
@@ -285,15 +277,8 @@ TEST_F(MsgViewer, SubscriptionThroughTheMaster)
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    test_support::TempDir work;
-    test_support::RosMaster master(work.Path().string());
-    for (const auto& [name, value] : master.RosEnvironment()) {
-        setenv(name.c_str(), value.c_str(), 1);
-    }
-    ros::init(argc, argv, "msg_viewer_test", ros::init_options::NoSigintHandler);
-    ros::start();
-    QCoreApplication app(argc, argv);
-    const int result = RUN_ALL_TESTS();
-    ros::shutdown();
-    return result;
+    return test_support::WithRosMaster(argc, argv, "msg_viewer_test", [&]() {
+        QCoreApplication app(argc, argv);
+        return RUN_ALL_TESTS();
+    });
 }

@@ -11,7 +11,7 @@
 #include "simulated_car/h265_encoder.h"
 
 #include "../support/processes.h"
-#include "../support/temp_dir.h"
+#include "../support/ros_test_main.h"
 
 #include <gtest/gtest.h>
 
@@ -31,6 +31,7 @@ extern "C" {
 #include <mutex>
 
 using namespace std::chrono_literals;
+using test_support::Console;
 using rviz_plugin::Decoder;
 using rviz_plugin::VideoDecoder;
 using rviz_plugin::VideoMessagePtr;
@@ -67,14 +68,6 @@ std::unique_ptr<rviz_plugin::SoftwareDecoder> SoftwareDecoder()
     return decoder;
 }
 
-// Runs body with standard output captured and returns what was written.
-template <typename Body>
-std::string Console(Body body)
-{
-    testing::internal::CaptureStdout();
-    body();
-    return testing::internal::GetCapturedStdout();
-}
 
 // Collects what a decoder hands to an overlay node.
 class RecordingNode : public rviz_plugin::ImageCacheNode {
@@ -492,15 +485,8 @@ TEST(CustomAvFrame, PlanesFollowTheTable)
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    test_support::TempDir work;
-    test_support::RosMaster master(work.Path().string());
-    for (const auto& [name, value] : master.RosEnvironment()) {
-        setenv(name.c_str(), value.c_str(), 1);
-    }
-    ros::init(argc, argv, "video_decoding_test", ros::init_options::NoSigintHandler);
-    ros::start();
-    QCoreApplication app(argc, argv);
-    const int result = RUN_ALL_TESTS();
-    ros::shutdown();
-    return result;
+    return test_support::WithRosMaster(argc, argv, "video_decoding_test", [&]() {
+        QCoreApplication app(argc, argv);
+        return RUN_ALL_TESTS();
+    });
 }

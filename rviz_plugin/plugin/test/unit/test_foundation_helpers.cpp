@@ -8,6 +8,7 @@
 #include "foundation/string_helpers.h"
 #include "foundation/utils_functions.h"
 
+#include "../support/ros_test_main.h"
 #include "../support/temp_dir.h"
 
 #include <gtest/gtest.h>
@@ -21,18 +22,11 @@
 
 namespace fs = std::filesystem;
 using Orsa::ConfigFileTool;
+using test_support::Console;
 using test_support::TempDir;
 
 namespace {
 
-// Runs body with standard output captured and returns what was written.
-template <typename Body>
-std::string Console(Body body)
-{
-    testing::internal::CaptureStdout();
-    body();
-    return testing::internal::GetCapturedStdout();
-}
 
 bool Contains(const std::string& text, const std::string& part)
 {

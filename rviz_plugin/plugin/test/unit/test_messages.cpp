@@ -24,6 +24,8 @@
 
 #include <gtest/gtest.h>
 
+#include "../support/ros_test_main.h"
+
 #include <string>
 
 namespace {
@@ -31,14 +33,10 @@ namespace {
 template <typename T>
 T RoundTrip(const T& message)
 {
-    namespace ser = ros::serialization;
-    const uint32_t length = ser::serializationLength(message);
-    std::vector<uint8_t> buffer(length);
-    ser::OStream out(buffer.data(), length);
-    ser::serialize(out, message);
+    std::vector<uint8_t> buffer = test_support::Serialize(message);
     T copy;
-    ser::IStream in(buffer.data(), length);
-    ser::deserialize(in, copy);
+    ros::serialization::IStream in(buffer.data(), static_cast<uint32_t>(buffer.size()));
+    ros::serialization::deserialize(in, copy);
     return copy;
 }
 
@@ -132,11 +130,8 @@ TEST(MessageWire, HeaderAndFieldsAreLaidOutInOrder)
     custom::Video video;
     video.header = MakeHeader(7);
     video.data = {0x00, 0x00, 0x00, 0x01, 0x40};
-    const uint32_t length = WireSize(video);
-    std::vector<uint8_t> buffer(length);
-    ros::serialization::OStream out(buffer.data(), length);
-    ros::serialization::serialize(out, video);
-    ASSERT_EQ(length, 4U + 8U + 4U + 8U + 4U + 5U);
+    const std::vector<uint8_t> buffer = test_support::Serialize(video);
+    ASSERT_EQ(buffer.size(), 4U + 8U + 4U + 8U + 4U + 5U);
     EXPECT_EQ(buffer[0], 7);                                    // seq, little endian
     EXPECT_EQ(buffer[12], 8);                                   // frame id length
     EXPECT_EQ(std::string(buffer.begin() + 16, buffer.begin() + 24), "camera_7");
@@ -316,11 +311,8 @@ TEST(MessageWire, ShortBufferIsAnOverrunNotACrash)
 {
     custom::ObjectArray objects;
     objects.objectList.resize(2);
-    const uint32_t length = WireSize(objects);
-    std::vector<uint8_t> buffer(length);
-    ros::serialization::OStream out(buffer.data(), length);
-    ros::serialization::serialize(out, objects);
+    std::vector<uint8_t> buffer = test_support::Serialize(objects);
     custom::ObjectArray copy;
-    ros::serialization::IStream in(buffer.data(), length - 1);
+    ros::serialization::IStream in(buffer.data(), static_cast<uint32_t>(buffer.size() - 1));
     EXPECT_THROW(ros::serialization::deserialize(in, copy), ros::serialization::StreamOverrunException);
 }

@@ -16,24 +16,18 @@
 
 #include <gtest/gtest.h>
 
+#include "../support/ros_test_main.h"
+
 #include <map>
 
 using RosMsgParser::FlatMessage;
 using RosMsgParser::Parser;
 using RosMsgParser::ROSType;
 using RosMsgParser::Span;
+using test_support::Serialize;
 
 namespace {
 
-template <typename T>
-std::vector<uint8_t> Serialize(const T& message)
-{
-    const uint32_t length = ros::serialization::serializationLength(message);
-    std::vector<uint8_t> buffer(length);
-    ros::serialization::OStream out(buffer.data(), length);
-    ros::serialization::serialize(out, message);
-    return buffer;
-}
 
 template <typename T>
 Parser MakeParser(const std::string& topic)
