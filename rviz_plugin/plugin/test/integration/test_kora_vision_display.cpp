@@ -8,6 +8,7 @@
 #include "kora_vision/video_control_widget.h"
 #include "kora_vision/videos_widget.h"
 #include "widgets/title_bar_base.h"
+#include "foundation/rviz_helpers.h"
 
 #include "../support/processes.h"
 #include "../support/temp_dir.h"
@@ -18,6 +19,9 @@
 #include <QPushButton>
 
 #include <rviz/config.h>
+#include <rviz/properties/int_property.h>
+#include <rviz/tool.h>
+#include <rviz/tool_manager.h>
 #include <rviz/panel_dock_widget.h>
 #include <rviz/visualization_frame.h>
 #include <rviz/visualization_manager.h>
@@ -251,6 +255,25 @@ TEST_F(KoraVisionDisplayTest, DisablingHidesPoppedOutVideos)
     display->setEnabled(true);
     QApplication::processEvents();
     EXPECT_TRUE(item->IsPopupPanelVisible());
+}
+
+TEST(RvizHelpers, InteractToolAndOverwrittenSave)
+{
+    rviz::Tool* interact = rviz_plugin::GetInteractToolButton(frame->getManager()->getToolManager());
+    ASSERT_NE(interact, nullptr);
+    EXPECT_EQ(interact->getName(), "Interact");
+    EXPECT_EQ(rviz_plugin::GetInteractToolButton(nullptr), nullptr);
+
+    rviz::Property parent("Parent", 3);
+    new rviz::IntProperty("Child", 7, "", &parent);
+    rviz::Config config;
+    rviz_plugin::OverwritePropertySave(&parent, config, 42);
+    QVariant value;
+    ASSERT_TRUE(config.mapGetValue("Value", &value));
+    EXPECT_EQ(value.toInt(), 42);
+    int child = 0;
+    ASSERT_TRUE(config.mapGetInt("Child", &child));
+    EXPECT_EQ(child, 7);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "foundation/file_hander.h"
 #include "foundation/memory_exception.h"
 #include "foundation/string_helpers.h"
+#include "foundation/topic_tf_utility.h"
 #include "foundation/utils_functions.h"
 
 #include "../support/ros_test_main.h"
@@ -363,4 +364,39 @@ TEST(ColorPool, TablesWrapAndSpecialTypes)
     EXPECT_EQ(ColorPool::GetColor(3, ColorPool::Lines), QColor(Qt::green));
     EXPECT_EQ(ColorPool::GetColor(15, ColorPool::SemanticSegmentation), QColor(255, 114, 213));
     EXPECT_EQ(ColorPool::GetColor(1, static_cast<ColorPool::ColorType>(7)), QColor(Qt::white));
+}
+
+namespace {
+class FakeSettings : public Orsa::TopicTfSettings {
+public:
+    void SetFilePath(const std::string& file) override { path = file; }
+    bool ParseConfigFile() override { return parses; }
+    std::vector<std::string> GetNeedModifiedTopics() const override { return {"objects", "radar"}; }
+    std::vector<std::string> GetNeedModifiedTfChildFrameIds() const override { return {"base_link"}; }
+    std::string path;
+    bool parses = true;
+};
+} // namespace
+
+TEST(TopicTfUtility, TopicNamesAndTheSettingsFile)
+{
+    std::string topic = "/objects[custom/ObjectArray]";
+    rviz_plugin::TopicTfUtility::ParseTopic(topic);
+    EXPECT_EQ(topic, "objects");
+    topic = "//a";
+    rviz_plugin::TopicTfUtility::ParseTopic(topic);
+    EXPECT_EQ(topic, "/a");
+
+    FakeSettings settings;
+    rviz_plugin::TopicTfUtility utility(settings);
+    std::string path = "/opt/orsa/config/map_offset_filter_setting.json";
+    EXPECT_EQ(Console([&]() { utility.ReadJson(path); }), "");
+    EXPECT_EQ(settings.path, path);
+    EXPECT_EQ(utility.GetTopicTfInJson().first, (std::vector<std::string>{"objects", "radar"}));
+    EXPECT_EQ(utility.GetTopicTfInJson().second, std::vector<std::string>{"base_link"});
+    settings.parses = false;
+    const std::string out = Console([&]() { utility.ReadJson(path); });
+    EXPECT_NE(out.find("[Error][OffsetSettings] Failed to parse the JSON file. The file name is " + path),
+              std::string::npos)
+        << out;
 }

@@ -1,0 +1,42 @@
+#include "rviz_helpers.h"
+
+#ifndef Q_MOC_RUN
+#include <rviz/config.h>
+#include <rviz/properties/property.h>
+#include <rviz/tool.h>
+#include <rviz/tool_manager.h>
+#endif
+
+namespace rviz_plugin {
+
+rviz::Tool* GetInteractToolButton(rviz::ToolManager* manager)
+{
+    if (manager == nullptr) {
+        return nullptr;
+    }
+    for (int i = 0; i < manager->numTools(); ++i) {
+        rviz::Tool* tool = manager->getTool(i);
+        if (tool != nullptr && tool->getName() == "Interact") {
+            return tool;
+        }
+    }
+    return nullptr;
+}
+
+void OverwritePropertySave(const rviz::Property* property, rviz::Config& config, const QVariant& value)
+{
+    if (property == nullptr) {
+        return;
+    }
+    if (value.isValid()) {
+        config.mapSetValue("Value", value);
+    }
+    for (int i = 0; i < property->numChildren(); ++i) {
+        const rviz::Property* child = property->childAt(i);
+        if (child != nullptr && child->shouldBeSaved()) {
+            child->save(config.mapMakeChild(child->getName()));
+        }
+    }
+}
+
+} // namespace rviz_plugin

@@ -1,0 +1,24 @@
+#ifndef RVIZ_PLUGIN_RVIZ_HELPERS_H
+#define RVIZ_PLUGIN_RVIZ_HELPERS_H
+
+#include <QVariant>
+
+namespace rviz {
+class Config;
+class Property;
+class Tool;
+class ToolManager;
+} // namespace rviz
+
+namespace rviz_plugin {
+
+// The first tool named "Interact", or null.
+rviz::Tool* GetInteractToolButton(rviz::ToolManager* manager);
+
+// Saves property as rviz does, with value in place of the stored value: "Value" when it is valid,
+// then one map per child under the child's name.
+void OverwritePropertySave(const rviz::Property* property, rviz::Config& config, const QVariant& value);
+
+} // namespace rviz_plugin
+
+#endif
