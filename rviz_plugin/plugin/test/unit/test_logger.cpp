@@ -191,8 +191,16 @@ protected:
         Orsa::LogFile probe;
         probe.Init();
         link = probe.GetLinkFilePath();
-        // Start every case from an empty store.
-        fs::remove_all(fs::path(link).parent_path());
+        // Start every case from an empty store. The log directory is shared with the other test
+        // programs of the build, which may be writing their own logs now: only this program's files go.
+        const fs::path directory = fs::path(link).parent_path();
+        const std::string module = fs::path(link).stem().string();
+        std::error_code ignored;
+        fs::remove(link, ignored);
+        for (int index = 0; index < 5; ++index) {
+            fs::remove(directory / (".bak_" + std::to_string(index) + "_" + module + ".log"), ignored);
+        }
+        fs::remove(directory / (".bak_x_" + module + ".log"), ignored);
     }
     std::string link;
 };
