@@ -37,8 +37,11 @@ public:
     // left with what was decoded before the error.
     bool deserializeIntoFlatMsg(Span<uint8_t> buffer, FlatMessage* flat) const;
 
-private:
     class Reader;
+
+private:
+    void DecodeElement(const FieldTreeNode& node, BuiltinType type, Reader& reader, FlatMessage& flat,
+                       FieldTreeLeaf& leaf, bool keep) const;
     void Decode(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf) const;
     void DecodeField(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf,
                      bool store) const;

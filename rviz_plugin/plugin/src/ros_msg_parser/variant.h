@@ -39,13 +39,12 @@ public:
         v.real_ = value;
         return v;
     }
-    // Time and duration: seconds and nanoseconds as on the wire.
-    static Variant Stamp(BuiltinType type, int64_t seconds, int64_t nanoseconds)
+    // Time and duration: the two 32-bit words as on the wire (unsigned for time, signed for duration).
+    static Variant Stamp(BuiltinType type, uint32_t seconds, uint32_t nanoseconds)
     {
         Variant v;
         v.type_ = type;
-        v.signed_ = seconds;
-        v.nanoseconds_ = nanoseconds;
+        v.stamp_ = {seconds, nanoseconds};
         return v;
     }
 
@@ -57,13 +56,17 @@ public:
     uint64_t unsignedValue() const { return unsigned_; }
 
 private:
-    BuiltinType type_ = OTHER;
+    struct Words {
+        uint32_t seconds;
+        uint32_t nanoseconds;
+    };
     union {
-        int64_t signed_;
+        int64_t signed_ = 0;
         uint64_t unsigned_;
         double real_;
+        Words stamp_;
     };
-    int64_t nanoseconds_ = 0;
+    BuiltinType type_ = OTHER;
 };
 
 } // namespace RosMsgParser
