@@ -28,9 +28,9 @@ FIXED_MD5SUMS = {
 _computed_md5 = genmsg.gentools.compute_md5
 
 
-def _md5(msg_context, spec):
-    fixed = FIXED_MD5SUMS.get(getattr(spec, 'full_name', None))
-    return fixed if fixed is not None else _computed_md5(msg_context, spec)
+def _md5(msg_context, message_spec):
+    fixed = FIXED_MD5SUMS.get(getattr(message_spec, "full_name", None))
+    return fixed if fixed is not None else _computed_md5(msg_context, message_spec)
 
 
 def install():

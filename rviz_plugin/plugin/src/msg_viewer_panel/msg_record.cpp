@@ -19,8 +19,8 @@ void MsgRecord::UpdateSelectionDataFromDefinition(bool table, const std::string&
             MsgRecordStruct::FieldsSelection fieldSelection;
             fieldSelection.fieldName = field;
             fieldSelection.fieldType = type;
-            fieldSelection.nickName = GetFieldsNickName(topic, field) == field ? std::string()
-                                                                              : GetFieldsNickName(topic, field);
+            const std::string nickName = GetFieldsNickName(topic, field);
+            fieldSelection.nickName = nickName == field ? std::string() : nickName;
             fields[topic].push_back(fieldSelection);
         }
     }
