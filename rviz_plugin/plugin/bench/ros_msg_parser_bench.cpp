@@ -13,6 +13,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <string>
 
 namespace {
 
@@ -37,9 +38,15 @@ double Rate(Body body)
     return calls / elapsed;
 }
 
+// Only the case whose name contains this text runs (all when empty).
+std::string onlyCase;
+
 template <typename T>
 void Compare(const char* name, const T& message)
 {
+    if (std::string(name).find(onlyCase) == std::string::npos) {
+        return;
+    }
     const std::vector<uint8_t> bytes = Serialize(message);
     const double compiled = Rate([&]() {
         T copy;
@@ -63,8 +70,11 @@ void Compare(const char* name, const T& message)
 
 } // namespace
 
-int main()
+int main(int argc, char** argv)
 {
+    if (argc > 1) {
+        onlyCase = argv[1];
+    }
     sensor_msgs::Imu imu;
     imu.header.frame_id = "imu_link";
     Compare("sensor_msgs/Imu", imu);

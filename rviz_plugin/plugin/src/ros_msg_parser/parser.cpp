@@ -11,6 +11,19 @@ namespace {
 
 constexpr std::size_t maxNestingDepth = 32;
 
+// Failures are rare: building their texts stays out of the decoding functions.
+[[noreturn]] __attribute__((noinline, cold)) void ThrowTooShort(std::size_t needed, std::size_t left)
+{
+    throw DeserializeError("buffer too short: " + std::to_string(needed) + " bytes needed, " + std::to_string(left) +
+                           " left");
+}
+
+[[noreturn]] __attribute__((noinline, cold)) void ThrowArrayTooLong(const std::string& name, std::size_t count)
+{
+    throw DeserializeError("array " + name + " of " + std::to_string(count) +
+                           " elements runs past the end of the buffer");
+}
+
 bool IsByte(BuiltinType type)
 {
     return type == UINT8 || type == INT8 || type == BYTE || type == CHAR;
@@ -132,9 +145,8 @@ public:
     }
     void Require(std::size_t bytes) const
     {
-        if (bytes > Remaining()) {
-            throw DeserializeError("buffer too short: " + std::to_string(bytes) + " bytes needed, " +
-                                   std::to_string(Remaining()) + " left");
+        if (__builtin_expect(bytes > Remaining(), 0)) {
+            ThrowTooShort(bytes, Remaining());
         }
     }
 
@@ -286,8 +298,7 @@ void Parser::DecodeField(const FieldTreeNode& node, Reader& reader, FlatMessage&
     }
     // A length that the rest of the buffer cannot hold is refused before any work.
     if (node.minWireSize > 0 && count > reader.Remaining() / node.minWireSize) {
-        throw DeserializeError("array " + node.name + " of " + std::to_string(count) +
-                               " elements runs past the end of the buffer");
+        ThrowArrayTooLong(node.name, count);
     }
     const std::size_t kept =
         count <= maxArraySize_ ? count : (policy_ == KEEP_LARGE_ARRAYS ? maxArraySize_ : std::size_t(0));
