@@ -5,11 +5,18 @@
 
 #include <QPointer>
 
+namespace rviz {
+class BoolProperty;
+class EnumProperty;
+class IntProperty;
+} // namespace rviz
+
 namespace rviz_plugin {
 
 class VideoControlWidget;
 
 // The "Image" input: always on; its topic follows the item's topic chooser and the other way round.
+// Below it sits the cropping branch, which excludes the item's "Overlay".
 class ImageProperty : public InputMessageBase {
     Q_OBJECT
 public:
@@ -19,15 +26,45 @@ public:
     Qt::ItemFlags getViewFlags(int column) const override;
     QVariant getViewData(int column, int role) const override;
 
+    rviz::BoolProperty* GetCroppingProperty() const { return croppingProperty; }
+
 public Q_SLOTS:
     void OnSubscriptionInfoChanged() override;
     void OnSendTopicComboboxTextChanged(const QString& text);
+    void OnVisibilityStatusChanged(bool visible);
+    void OnCroppingChange();
+    void OnZoomChange();
+    void OnZoomFactorChange();
+    void OnTopCroppingChange();
+    void OnDownCroppingChange();
+    void OnLeftCroppingChange();
+    void OnRightCroppingChange();
 
 Q_SIGNALS:
     void SubscriptionInfoChanged(const QString& topic);
+    void SendCroppingStatus(bool cropping);
+    void SendCroppingType(bool zoom);
+    void SendZoomFactor(int factor);
+    // side: top 0, down 1, left 2, right 3.
+    void SendCroppingPercentage(int percentage, int side);
+
+protected:
+    void InitializeBasicProperties(const QString& messageType, const QString& topicDescription,
+                                   const QString& queueDescription) override;
 
 private:
+    rviz::IntProperty* AddEdgeProperty(const QString& name, const QString& description, const char* slot);
+
     QPointer<VideoControlWidget> videoControlWidget;
+    const int minZoomFactor = 100;
+    const int maxZoomFactor = 200;
+    rviz::BoolProperty* croppingProperty = nullptr;
+    rviz::EnumProperty* croppingTypeProperty = nullptr;
+    rviz::IntProperty* zoomFactorProperty = nullptr;
+    rviz::IntProperty* topCroppingProperty = nullptr;
+    rviz::IntProperty* downCroppingProperty = nullptr;
+    rviz::IntProperty* leftCroppingProperty = nullptr;
+    rviz::IntProperty* rightCroppingProperty = nullptr;
 };
 
 } // namespace rviz_plugin

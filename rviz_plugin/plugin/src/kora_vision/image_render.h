@@ -40,8 +40,9 @@ public:
 
     void Initialize(rviz::DisplayContext* context, NonInteractiveRenderPanel* panel, rviz::Display* display,
                     Ogre::SceneManager* sceneManager, unsigned visibilityBit);
-    // From the overlay thread. A null rgba hides the overlay quad.
-    void UpdateImageTexture(const std::shared_ptr<YuvTextureData>& yuv, const std::shared_ptr<RgbaTextureData>& rgba);
+    // From the overlay thread, with each picture and its canvas. A null rgba hides the overlay quad.
+    virtual void UpdateImageTexture(const std::shared_ptr<YuvTextureData>& yuv,
+                                    const std::shared_ptr<RgbaTextureData>& rgba);
     // From the main thread, on rviz's update tick.
     void UpdateImageDisplay();
     void Clear();

@@ -63,14 +63,25 @@ void InputMessageBase::OnValueChanged()
         Q_EMIT ClearQueue(messageId);
         return;
     }
-    Q_EMIT Subscribe(topicProperty->getTopic(), GetQueueSize());
+    RequestSubscription();
 }
 
 void InputMessageBase::OnSubscriptionInfoChanged()
 {
     if (getBool()) {
-        Q_EMIT Subscribe(topicProperty->getTopic(), GetQueueSize());
+        RequestSubscription();
     }
+}
+
+void InputMessageBase::RequestSubscription()
+{
+    // A perception input without a topic has nothing to subscribe to; an old subscription ends.
+    // The image input hands the empty topic on: its video handler releases its decoder then.
+    if (messageId != Image && topicProperty->getTopic().isEmpty()) {
+        Q_EMIT UnSubscribe();
+        return;
+    }
+    Q_EMIT Subscribe(topicProperty->getTopic(), GetQueueSize());
 }
 
 void InputMessageBase::OnEnableDisplay()

@@ -56,6 +56,8 @@ protected:
     virtual void InitializeBasicProperties(const QString& messageType, const QString& topicDescription,
                                            const QString& queueDescription);
 
+    void RequestSubscription();
+
     std::unique_ptr<IppParameters>& parameters;
     rviz::StatusList* statusList = nullptr;
     rviz::RosTopicProperty* topicProperty = nullptr;

@@ -5,6 +5,7 @@
 #include "ipp_node.h"
 #include "ipp_parameters.h"
 #include "non_interactive_render_panel.h"
+#include "perception_message_handlers.h"
 #include "topic_combobox.h"
 #include "video_control_widget.h"
 #include "vision_name.h"
@@ -54,7 +55,84 @@ void KoraVisionProperty::Initialize(VideoControlWidget* videoItem, rviz::Display
     ippNode->Initialize();
     videoHandler = std::make_unique<VideoHandler>(*ippNode, context);
     videoHandler->Initialize();
+    objectArrayHandler = std::make_unique<ObjectArrayMessageHandler>();
+    imageRectangleArrayHandler = std::make_unique<ImageRectangleArrayMessageHandler>();
+    imageLineArrayHandler = std::make_unique<ImageLineArrayMessageHandler>();
+    imageFreespaceHandler = std::make_unique<ImageFreespaceMessageHandler>();
+    semanticSegmentationHandler = std::make_unique<SemanticSegmentationMessageHandler>();
+    markerArrayHandler = std::make_unique<MarkerArrayMessageHandler>();
     InitConnection();
+    InitPerceptionConnection();
+}
+
+template <typename Handler, typename Slot>
+void KoraVisionProperty::ConnectInput(MessageId id, Handler* handler, Slot receive)
+{
+    InputMessageBase* input = visionProperty->GetInputProperty(id);
+    handler->Initialize();
+    connect(input, &InputMessageBase::Subscribe, handler, &MessageHandler::OnSubscribe);
+    connect(input, &InputMessageBase::UnSubscribe, handler, &MessageHandler::OnUnsubscribe);
+    connect(input, &InputMessageBase::ClearQueue, ippNode.get(), &IppNode::OnClearQueue);
+    connect(handler, &MessageHandler::SetStatus, input, &InputMessageBase::OnSetStatus);
+    connect(handler, &MessageHandler::DeleteStatus, input, &InputMessageBase::OnDeleteStatus);
+    connect(handler, &MessageHandler::FrequencyChanged, input, &InputMessageBase::OnFrequencyChanged);
+    connect(handler, &MessageHandler::RequestDisplayReset, this, &KoraVisionProperty::ResetDisplay);
+    connect(handler, &MessageHandler::RequestDisplayRenderContext, this, &KoraVisionProperty::RenderContext);
+    connect(handler, &Handler::SendMsg, ippNode.get(), receive);
+    connect(this, &KoraVisionProperty::EnableDisplay, input, &InputMessageBase::OnEnableDisplay);
+    connect(this, &KoraVisionProperty::DisableDisplay, input, &InputMessageBase::OnDisableDisplay);
+}
+
+void KoraVisionProperty::InitPerceptionConnection()
+{
+    ConnectInput(Objects, objectArrayHandler.get(), &IppNode::OnSendObjectArray);
+    ConnectInput(TrafficLights, imageRectangleArrayHandler.get(), &IppNode::OnSendImgRectArray);
+    ConnectInput(RoadLines, imageLineArrayHandler.get(), &IppNode::OnSendImgLineArray);
+    ConnectInput(Freespace, imageFreespaceHandler.get(), &IppNode::OnSendImgFreespace);
+    ConnectInput(SemanticSegmentation, semanticSegmentationHandler.get(), &IppNode::OnSendSemanticSegmentation);
+    ConnectInput(MarkerArray, markerArrayHandler.get(), &IppNode::OnSendMarkerArray);
+
+    // Queue and drawing statuses come from the overlay thread; the connections queue them.
+    IppNode* node = ippNode.get();
+    const auto statusTo = [this](MessageId id) { return visionProperty->GetInputProperty(id); };
+    connect(node, &IppNode::ObjectArrayQueueStatusChanged, statusTo(Objects), &InputMessageBase::OnSetStatus);
+    connect(node, &IppNode::ImageRectangleArrayQueueStatusChanged, statusTo(TrafficLights),
+            &InputMessageBase::OnSetStatus);
+    connect(node, &IppNode::ImageLineArrayQueueStatusChanged, statusTo(RoadLines), &InputMessageBase::OnSetStatus);
+    connect(node, &IppNode::ImageFreespaceQueueStatusChanged, statusTo(Freespace), &InputMessageBase::OnSetStatus);
+    connect(node, &IppNode::SemanticSegmentationQueueStatusChanged, statusTo(SemanticSegmentation),
+            &InputMessageBase::OnSetStatus);
+    connect(node, &IppNode::MarkerArrayQueueStatusChanged, statusTo(MarkerArray), &InputMessageBase::OnSetStatus);
+    connect(node->GetImageObjectUtilsPtr(), &ImageUtils::ImageObjectUtils::AddObjectArrayStatus, statusTo(Objects),
+            &InputMessageBase::OnSetStatus);
+    connect(node->GetImageObjectUtilsPtr(), &ImageUtils::ImageObjectUtils::RemoveObjectArrayStatus,
+            statusTo(Objects), &InputMessageBase::OnDeleteStatus);
+    connect(node->GetImageRectangleUtilsPtr(), &ImageUtils::ImageRectangleUtils::AddImageRectangleArrayStatus,
+            statusTo(TrafficLights), &InputMessageBase::OnSetStatus);
+    connect(node->GetImageRectangleUtilsPtr(), &ImageUtils::ImageRectangleUtils::RemoveImageRectangleArrayStatus,
+            statusTo(TrafficLights), &InputMessageBase::OnDeleteStatus);
+    connect(node->GetImageLineUtilsPtr(), &ImageUtils::ImageLineUtils::AddImageLineArrayStatus, statusTo(RoadLines),
+            &InputMessageBase::OnSetStatus);
+    connect(node->GetImageLineUtilsPtr(), &ImageUtils::ImageLineUtils::RemoveImageLineArrayStatus,
+            statusTo(RoadLines), &InputMessageBase::OnDeleteStatus);
+    connect(node->GetImageFreespaceUtilsPtr(), &ImageUtils::ImageFreespaceUtils::AddImageFreespaceStatus,
+            statusTo(Freespace), &InputMessageBase::OnSetStatus);
+    connect(node->GetImageFreespaceUtilsPtr(), &ImageUtils::ImageFreespaceUtils::RemoveImageFreespaceStatus,
+            statusTo(Freespace), &InputMessageBase::OnDeleteStatus);
+    connect(node->GetImageSemanticSegmentationUtils(),
+            &ImageUtils::ImageSemanticSegmentationUtils::AddImageSemanticSegmentationStatus,
+            statusTo(SemanticSegmentation), &InputMessageBase::OnSetStatus);
+    connect(node->GetImageSemanticSegmentationUtils(),
+            &ImageUtils::ImageSemanticSegmentationUtils::RemoveImageSemanticSegmentationStatus,
+            statusTo(SemanticSegmentation), &InputMessageBase::OnDeleteStatus);
+    connect(node->GetMarkerArrayUtilsPtr(), &ImageUtils::MarkerArrayUtils::AddMarkerArrayStatus,
+            statusTo(MarkerArray), &InputMessageBase::OnSetStatus);
+    connect(node->GetMarkerArrayUtilsPtr(), &ImageUtils::MarkerArrayUtils::RemoveMarkerArrayStatus,
+            statusTo(MarkerArray), &InputMessageBase::OnDeleteStatus);
+    connect(node, &IppNode::DetectedSingleFrameProcessingTime, visionProperty.get(),
+            &VisionProperty::UpdateSingleFrameProcessingTime);
+    connect(imageRender.get(), &ImageRender::UpdateVisibilityProperty, visionProperty.get(),
+            &VisionProperty::OnUpdateVisibilityProperty);
 }
 
 void KoraVisionProperty::InitConnection()

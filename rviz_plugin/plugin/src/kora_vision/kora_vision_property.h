@@ -10,6 +10,8 @@
 
 #include <memory>
 
+#include "message_id.h"
+
 namespace Ogre {
 class SceneManager;
 class SceneNode;
@@ -22,8 +24,14 @@ class DisplayContext;
 
 namespace rviz_plugin {
 
+class ImageFreespaceMessageHandler;
+class ImageLineArrayMessageHandler;
+class ImageRectangleArrayMessageHandler;
 class ImageRender;
 class IppNode;
+class MarkerArrayMessageHandler;
+class ObjectArrayMessageHandler;
+class SemanticSegmentationMessageHandler;
 struct IppParameters;
 class VideoControlWidget;
 class VideoHandler;
@@ -66,6 +74,10 @@ Q_SIGNALS:
 
 private:
     void InitConnection();
+    void InitPerceptionConnection();
+    // Joins an input's property, its subscriber and the overlay node's slot for its messages.
+    template <typename Handler, typename Slot>
+    void ConnectInput(MessageId id, Handler* handler, Slot receive);
 
     const int defaultColorRed = 40;
     const int defaultColorGreen = 120;
@@ -76,6 +88,12 @@ private:
     std::unique_ptr<ImageRender> imageRender;
     std::unique_ptr<IppNode> ippNode;
     std::unique_ptr<VideoHandler> videoHandler;
+    std::unique_ptr<ObjectArrayMessageHandler> objectArrayHandler;
+    std::unique_ptr<ImageRectangleArrayMessageHandler> imageRectangleArrayHandler;
+    std::unique_ptr<ImageLineArrayMessageHandler> imageLineArrayHandler;
+    std::unique_ptr<ImageFreespaceMessageHandler> imageFreespaceHandler;
+    std::unique_ptr<SemanticSegmentationMessageHandler> semanticSegmentationHandler;
+    std::unique_ptr<MarkerArrayMessageHandler> markerArrayHandler;
     QPointer<VideoControlWidget> item;
     QString visionName = "(1)No Image Topic";
 };

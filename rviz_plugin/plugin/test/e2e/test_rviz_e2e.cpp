@@ -56,9 +56,9 @@ int CountColour(const QImage& image, const QColor& colour, int tolerance = 6)
 std::string SavedTopic(const std::string& config, const std::string& key)
 {
     const std::regex pattern("\\n[ -]+" + std::regex_replace(key, std::regex(R"([()/])"), R"(\$&)") +
-                             ":\\n +Image:\\n(?: +[A-Z][^\\n]*\\n)*? +Topic: ([^\\n]*)\\n");
+                             ":\\n(?: +[^\\n]*\\n)*?( +)Image:\\n(?:\\1 [^\\n]*\\n)*?\\1  Topic: ([^\\n]*)\\n");
     std::smatch match;
-    return std::regex_search(config, match, pattern) ? match[1].str() : std::string();
+    return std::regex_search(config, match, pattern) ? match[2].str() : std::string();
 }
 
 class RvizEndToEnd : public testing::Test {

@@ -1,12 +1,24 @@
 // A stand-in for the car: publishes what the car's platform sends, so that the plugin can be run
-// and tested without one. Camera video: custom/Video, H.265 access units, one per message.
+// and tested without one. Camera video: custom/Video, H.265 access units, one per message. For each
+// camera also what perception finds in its picture, stamped with the picture's stamp, under
+// /<camera>/objects, traffic_lights, road_lines, freespace, segmentation and markers.
 //
 //   simulated_car [--cameras N] [--width W] [--height H] [--fps F] [--duration S]
+//                 [--perception-offset-ms MS] [--drop-perception-every K]
+//
+// The last two exercise the matching: perception stamps shifted by MS, and no perception with
+// every K-th picture.
 #include "h265_encoder.h"
 #include "synthetic_scene.h"
 
+#include <custom/ImageLineArray.h>
+#include <custom/ImageRectangleArray.h>
+#include <custom/ObjectArray.h>
 #include <custom/Video.h>
+#include <orsa_msgs/ImageFreespace.h>
+#include <orsa_msgs/SemanticSegmentation.h>
 #include <ros/ros.h>
+#include <visualization_msgs/MarkerArray.h>
 
 #include <cstdlib>
 #include <cstring>
@@ -23,7 +35,15 @@ struct Options {
     int height = 360;
     int fps = 15;
     double duration = 0;  // seconds; 0 runs until stopped
+    int perceptionOffsetMs = 0;
+    int dropPerceptionEvery = 0;  // 0 drops none
 };
+
+// Masks are sent at this size whatever the picture's: within the size the display expects.
+constexpr int maskWidth = 640;
+constexpr int maskHeight = 320;
+// Object classifications of the cars, by their colour index: car, truck, bus, car.
+const uint8_t objectClasses[] = {5, 3, 0, 5};
 
 const char* const cameraNames[] = {"camera_front", "camera_left", "camera_right", "camera_rear",
                                    "camera_front_left", "camera_front_right", "camera_rear_left",
@@ -49,6 +69,10 @@ bool ParseOptions(int argc, char** argv, Options& options)
             options.fps = std::atoi(value);
         } else if (name == "--duration") {
             options.duration = std::atof(value);
+        } else if (name == "--perception-offset-ms") {
+            options.perceptionOffsetMs = std::atoi(value);
+        } else if (name == "--drop-perception-every") {
+            options.dropPerceptionEvery = std::atoi(value);
         } else {
             std::cerr << "unknown option " << name << "\n";
             return false;
@@ -62,13 +86,153 @@ bool ParseOptions(int argc, char** argv, Options& options)
     return true;
 }
 
+struct PerceptionPublishers {
+    ros::Publisher objects;
+    ros::Publisher trafficLights;
+    ros::Publisher roadLines;
+    ros::Publisher freespace;
+    ros::Publisher segmentation;
+    ros::Publisher markers;
+};
+
 struct Camera {
     std::string name;
     simulated_car::SyntheticScene scene;
     std::unique_ptr<simulated_car::H265Encoder> encoder;
     ros::Publisher video;
+    PerceptionPublishers perception;
     uint32_t sequence = 0;
 };
+
+void AdvertisePerception(ros::NodeHandle& node, Camera& camera)
+{
+    const std::string prefix = "/" + camera.name + "/";
+    camera.perception.objects = node.advertise<custom::ObjectArray>(prefix + "objects", 30);
+    camera.perception.trafficLights = node.advertise<custom::ImageRectangleArray>(prefix + "traffic_lights", 30);
+    camera.perception.roadLines = node.advertise<custom::ImageLineArray>(prefix + "road_lines", 30);
+    camera.perception.freespace = node.advertise<orsa_msgs::ImageFreespace>(prefix + "freespace", 30);
+    camera.perception.segmentation = node.advertise<orsa_msgs::SemanticSegmentation>(prefix + "segmentation", 30);
+    camera.perception.markers = node.advertise<visualization_msgs::MarkerArray>(prefix + "markers", 30);
+}
+
+custom::BoxImage ToBoxImage(const simulated_car::SceneBox& box)
+{
+    custom::BoxImage image;
+    image.x = box.x;
+    image.y = box.y;
+    image.width = box.width;
+    image.height = box.height;
+    return image;
+}
+
+void PublishObjects(Camera& camera, const std_msgs::Header& header, double t)
+{
+    custom::ObjectArray objects;
+    objects.header = header;
+    int id = 0;
+    for (const simulated_car::SceneBox& box : camera.scene.Objects(t)) {
+        custom::Object object;
+        object.header = header;
+        object.objectId = id;
+        object.trackId = 100 + id;
+        object.classification = objectClasses[box.classification % 4];
+        object.classificationConfidence = 0.9 - 0.1 * id++;
+        object.boxImage = ToBoxImage(box);
+        objects.objectList.push_back(object);
+    }
+    camera.perception.objects.publish(objects);
+
+    custom::ImageRectangleArray lights;
+    lights.header = header;
+    const simulated_car::SceneBox light = camera.scene.TrafficLight(t);
+    custom::ImageRectangle rectangle;
+    rectangle.header = header;
+    rectangle.rectImage = ToBoxImage(light);
+    rectangle.classification = static_cast<uint8_t>(light.classification);
+    rectangle.classificationConfidence = 0.95;
+    lights.rectangleList.push_back(rectangle);
+    camera.perception.trafficLights.publish(lights);
+}
+
+void PublishLines(Camera& camera, const std_msgs::Header& header)
+{
+    custom::ImageLineArray lines;
+    lines.header = header;
+    for (const simulated_car::SceneLine& lane : camera.scene.LaneLines()) {
+        custom::ImageLine line;
+        line.header = header;
+        line.c = lane.slope;
+        line.d = lane.offset;
+        line.startPoint.y = lane.top;
+        line.startPoint.x = lane.slope * lane.top + lane.offset;
+        line.endPoint.y = lane.bottom;
+        line.endPoint.x = lane.slope * lane.bottom + lane.offset;
+        line.classification = 0;
+        line.classificationConfidence = 0.8;
+        lines.lineList.push_back(line);
+    }
+    camera.perception.roadLines.publish(lines);
+}
+
+void PublishMasks(Camera& camera, const std_msgs::Header& header, double t)
+{
+    const std::vector<uint8_t> classes = camera.scene.ClassMap(t, maskWidth, maskHeight);
+    orsa_msgs::ImageFreespace freespace;
+    freespace.header = header;
+    freespace.width = maskWidth;
+    freespace.height = maskHeight;
+    freespace.pixelValues.resize(classes.size());
+    for (std::size_t index = 0; index < classes.size(); ++index) {
+        freespace.pixelValues[index] = classes[index] == simulated_car::LaneClass ? 1 : 0;
+    }
+    camera.perception.freespace.publish(freespace);
+
+    orsa_msgs::SemanticSegmentation segmentation;
+    segmentation.header = header;
+    segmentation.width = maskWidth;
+    segmentation.height = maskHeight;
+    segmentation.classification = classes;
+    camera.perception.segmentation.publish(segmentation);
+}
+
+void PublishMarkers(Camera& camera, const std_msgs::Header& header, int width, int height)
+{
+    visualization_msgs::MarkerArray markers;
+    visualization_msgs::Marker text;
+    text.header = header;
+    text.id = 0;
+    text.type = visualization_msgs::Marker::TEXT_VIEW_FACING;
+    text.pose.position.x = width * 0.15;
+    text.pose.position.y = height * 0.08;
+    text.scale.z = height / 600.0;
+    text.color.r = text.color.g = text.color.b = text.color.a = 1.0F;
+    text.text = camera.name;
+    markers.markers.push_back(text);
+    visualization_msgs::Marker horizon;
+    horizon.header = header;
+    horizon.id = 1;
+    horizon.type = visualization_msgs::Marker::LINE_STRIP;
+    horizon.scale.x = 2;
+    horizon.color.r = 1.0F;
+    horizon.color.g = 0.8F;
+    horizon.color.a = 1.0F;
+    for (const double x : {0.0, width - 1.0}) {
+        geometry_msgs::Point point;
+        point.x = x;
+        point.y = height * 0.45;
+        horizon.points.push_back(point);
+    }
+    markers.markers.push_back(horizon);
+    camera.perception.markers.publish(markers);
+}
+
+void PublishPerception(Camera& camera, const std_msgs::Header& header, double t, const Options& options)
+{
+    PublishObjects(camera, header, t);
+    PublishLines(camera, header);
+    PublishMasks(camera, header, t);
+    PublishMarkers(camera, header, options.width, options.height);
+}
 
 } // namespace
 
@@ -85,11 +249,12 @@ int main(int argc, char** argv)
         Camera camera{cameraNames[index], simulated_car::SyntheticScene(options.width, options.height, index),
                       std::make_unique<simulated_car::H265Encoder>(options.width, options.height, options.fps,
                                                                    options.fps),
-                      node.advertise<custom::Video>(std::string("/") + cameraNames[index], 30)};
+                      node.advertise<custom::Video>(std::string("/") + cameraNames[index], 30), {}};
         if (!camera.encoder->IsOpen()) {
             std::cerr << "encoder: " << camera.encoder->GetError() << "\n";
             return 1;
         }
+        AdvertisePerception(node, camera);
         cameras.push_back(std::move(camera));
     }
     std::cout << "simulated car: " << options.cameras << " cameras, " << options.width << "x" << options.height
@@ -113,6 +278,12 @@ int main(int argc, char** argv)
             message->data = camera.encoder->Encode(image);
             if (!message->data.empty()) {
                 camera.video.publish(message);
+            }
+            const bool dropped = options.dropPerceptionEvery > 0 && tick % options.dropPerceptionEvery == 0;
+            if (!dropped) {
+                std_msgs::Header header = message->header;
+                header.stamp += ros::Duration().fromNSec(static_cast<int64_t>(options.perceptionOffsetMs) * 1000000);
+                PublishPerception(camera, header, t, options);
             }
         }
         ros::spinOnce();

@@ -61,6 +61,68 @@ std::vector<SceneBox> SyntheticScene::Objects(double t) const
     return boxes;
 }
 
+SceneBox SyntheticScene::TrafficLight(double t) const
+{
+    SceneBox light;
+    light.width = std::max(width * 0.03, 4.0);
+    light.height = light.width * 2.5;
+    light.x = width * 0.82;
+    light.y = height * 0.08;
+    const int phase = static_cast<int>(std::fmod(t + cameraIndex, 6.0) / 2.0);
+    light.classification = phase == 0 ? 1 : (phase == 1 ? 2 : 3);
+    return light;
+}
+
+std::vector<SceneLine> SyntheticScene::LaneLines() const
+{
+    const double horizon = height * 0.45;
+    const double spreadPerRow = static_cast<double>(width) / std::max(2.0 * (height - horizon), 1.0);
+    std::vector<SceneLine> lines;
+    for (int side = -1; side <= 1; side += 2) {
+        SceneLine line;
+        line.slope = side * spreadPerRow;
+        line.offset = width / 2.0 + side * (width / 10.0) - line.slope * horizon;
+        line.top = horizon;
+        line.bottom = height - 1;
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+std::vector<uint8_t> SyntheticScene::ClassMap(double t, int maskWidth, int maskHeight) const
+{
+    std::vector<uint8_t> classes(static_cast<std::size_t>(maskWidth) * maskHeight, SkyClass);
+    const double scaleX = static_cast<double>(width) / maskWidth;
+    const double scaleY = static_cast<double>(height) / maskHeight;
+    const std::vector<SceneLine> lanes = LaneLines();
+    const std::vector<SceneBox> cars = Objects(t);
+    const SceneBox light = TrafficLight(t);
+    const auto inside = [](const SceneBox& box, double x, double y) {
+        return x >= box.x && x < box.x + box.width && y >= box.y && y < box.y + box.height;
+    };
+    for (int my = 0; my < maskHeight; ++my) {
+        const double y = (my + 0.5) * scaleY;
+        const double left = lanes[0].slope * y + lanes[0].offset;
+        const double right = lanes[1].slope * y + lanes[1].offset;
+        for (int mx = 0; mx < maskWidth; ++mx) {
+            const double x = (mx + 0.5) * scaleX;
+            uint8_t& value = classes[static_cast<std::size_t>(my) * maskWidth + mx];
+            if (y >= lanes[0].top) {
+                value = (x >= left && x <= right) ? LaneClass : RoadClass;
+            }
+            for (const SceneBox& car : cars) {
+                if (inside(car, x, y)) {
+                    value = CarClass;
+                }
+            }
+            if (inside(light, x, y)) {
+                value = LightClass;
+            }
+        }
+    }
+    return classes;
+}
+
 void SyntheticScene::Render(double t, YuvImage& image) const
 {
     const int horizon = static_cast<int>(height * 0.45);
@@ -91,6 +153,18 @@ void SyntheticScene::Render(double t, YuvImage& image) const
         FillRect(image, x0 + (x1 - x0) / 5, y0 + (y1 - y0) / 6, x1 - (x1 - x0) / 5, y0 + (y1 - y0) / 2,
                  FromRgb(30, 40, 60));
     }
+    // A traffic light: dark housing, one lamp lit.
+    const SceneBox light = TrafficLight(t);
+    const int lx0 = static_cast<int>(light.x);
+    const int ly0 = static_cast<int>(light.y);
+    const int lx1 = static_cast<int>(light.x + light.width);
+    const int ly1 = static_cast<int>(light.y + light.height);
+    FillRect(image, lx0, ly0, lx1, ly1, FromRgb(25, 25, 25));
+    const int lamp = light.classification == 1 ? 0 : (light.classification == 3 ? 1 : 2);
+    const Yuv lampColours[] = {FromRgb(255, 30, 30), FromRgb(255, 200, 0), FromRgb(40, 255, 60)};
+    const int lampHeight = (ly1 - ly0) / 3;
+    FillRect(image, lx0 + 1, ly0 + lamp * lampHeight + 1, lx1 - 1, ly0 + (lamp + 1) * lampHeight - 1,
+             lampColours[lamp]);
     // A clock bar at the top edge: its length follows the second, so every picture differs.
     const double second = std::fmod(t, 1.0);
     FillRect(image, 0, 0, static_cast<int>(width * second), std::max(height / 60, 2), FromRgb(255, 120, 0));
