@@ -112,7 +112,7 @@ void ImageProperty::InitializeBasicProperties(const QString& messageType, const 
         AddEdgeProperty("Left(%)", "Percentage of pixels cropped at the left edge.", SLOT(OnLeftCroppingChange()));
     rightCroppingProperty =
         AddEdgeProperty("Right(%)", "Percentage of pixels cropped at the right edge.", SLOT(OnRightCroppingChange()));
-    OnZoomChange();
+
 }
 
 rviz::IntProperty* ImageProperty::AddEdgeProperty(const QString& name, const QString& description, const char* slot)

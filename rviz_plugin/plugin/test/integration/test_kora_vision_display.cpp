@@ -1,6 +1,9 @@
 // The vision display inside a real rviz frame (ROS master on loopback, virtual X display):
 // items created and deleted through the wall, names renumbered, save and load, paging and pop-out.
 #include "kora_vision/associated_widget.h"
+#include "kora_vision/image_property.h"
+#include "kora_vision/ipp_node.h"
+#include "kora_vision/vision_property.h"
 #include "kora_vision/kora_vision_display.h"
 #include "kora_vision/kora_vision_property.h"
 #include "kora_vision/topic_combobox.h"
@@ -19,6 +22,10 @@
 #include <QPushButton>
 
 #include <rviz/config.h>
+#include <rviz/properties/bool_property.h>
+#include <rviz/properties/display_group_visibility_property.h>
+#include <rviz/properties/ros_topic_property.h>
+#include <rviz/properties/status_list.h>
 #include <rviz/properties/int_property.h>
 #include <rviz/tool.h>
 #include <rviz/tool_manager.h>
@@ -255,6 +262,70 @@ TEST_F(KoraVisionDisplayTest, DisablingHidesPoppedOutVideos)
     display->setEnabled(true);
     QApplication::processEvents();
     EXPECT_TRUE(item->IsPopupPanelVisible());
+}
+
+TEST_F(KoraVisionDisplayTest, ItemTreeHasEveryInputAndItsSettingsReachTheOverlayNode)
+{
+    AddItems(1);
+    rviz_plugin::KoraVisionProperty* itemProperty = display->GetVisionProperty(0);
+    QStringList children;
+    for (int i = 0; i < itemProperty->numChildren(); ++i) {
+        children << itemProperty->childAt(i)->getName().section(':', 0, 0);  // status lists add their level
+    }
+    EXPECT_EQ(children, (QStringList{"Global Status", "Time Sync Queue Size", "Image", "Objects", "Traffic Lights",
+                                     "Road Lines", "Freespace", "Semantic Segmentation", "MarkerArray", "Overlay"}));
+    rviz_plugin::VisionProperty* vision = itemProperty->GetVisionProperty();
+    EXPECT_EQ(vision->GetGlobalStatusList()->childAt(0)->getName(), "Processing Time");
+    EXPECT_EQ(vision->GetGlobalStatusList()->childAt(0)->getValue().toString(), "0 ms");
+    QStringList inputChildren;
+    for (int i = 0; i < vision->GetObjectProperty()->numChildren(); ++i) {
+        inputChildren << vision->GetObjectProperty()->childAt(i)->getName().section(':', 0, 0);
+    }
+    EXPECT_EQ(inputChildren, (QStringList{"Status", "Topic", "Queue Size"}));
+    EXPECT_EQ(vision->GetObjectProperty()->GetTopicProperty()->getMessageType(), "custom/ObjectArray");
+    EXPECT_EQ(vision->GetMarkerArrayProperty()->GetTopicProperty()->getMessageType(),
+              "visualization_msgs/MarkerArray");
+
+    // The sync queue length is clamped to 5..10000.
+    vision->GetSyncQueueSizeProperty()->setValue(4);
+    EXPECT_EQ(vision->GetSyncQueueSizeProperty()->getInt(), 5);
+
+    // Overlay and cropping exclude each other.
+    rviz::BoolProperty* cropping = vision->GetImageProperty()->GetCroppingProperty();
+    cropping->setBool(true);
+    vision->GetOverlayProperty()->setBool(true);
+    EXPECT_FALSE(cropping->getBool());
+    cropping->setBool(true);
+    EXPECT_FALSE(vision->GetOverlayProperty()->getBool());
+
+    // Switching "Objects" on with a topic subscribes ("Topic" OK); a message reaches the node's queue.
+    ros::NodeHandle node;
+    ros::Publisher publisher = node.advertise<custom::ObjectArray>("/camera_item/objects", 5);
+    vision->GetObjectProperty()->GetTopicProperty()->setString("/camera_item/objects");
+    vision->GetObjectProperty()->setBool(true);
+    const auto topicStatus = [vision]() {
+        rviz::Property* status = vision->GetObjectProperty()->GetStatusList()->subProp("Topic");
+        return status == nullptr ? QString() : status->getValue().toString();
+    };
+    EXPECT_EQ(topicStatus(), "OK");
+    ASSERT_TRUE(test_support::WaitFor(
+        [&]() {
+            QApplication::processEvents();
+            return publisher.getNumSubscribers() > 0;
+        },
+        std::chrono::seconds(5)));
+    publisher.publish(custom::ObjectArray());
+    ASSERT_TRUE(test_support::WaitFor(
+        [&]() {
+            ros::spinOnce();
+            QApplication::processEvents();
+            return itemProperty->GetIppNode()->GetQueueSizes()[rviz_plugin::Objects] == 1;
+        },
+        std::chrono::seconds(5)));
+    EXPECT_EQ(topicStatus(), "1 data frames received");
+    // Switching it off clears its queue at once.
+    vision->GetObjectProperty()->setBool(false);
+    EXPECT_EQ(itemProperty->GetIppNode()->GetQueueSizes()[rviz_plugin::Objects], 0U);
 }
 
 TEST(RvizHelpers, InteractToolAndOverwrittenSave)
