@@ -1,5 +1,6 @@
 #include "mask_utils.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace rviz_plugin {
@@ -55,23 +56,42 @@ bool CheckMask(const cv::Mat& canvas, const MaskTexts& texts, bool frameIdMatche
 void OverlayNearest(const uint8_t* mask, int width, int height, const ColorTable& colors, bool skipZero,
                     cv::Mat& canvas)
 {
-    const int canvasWidth = canvas.cols;
-    const int canvasHeight = canvas.rows;
-    std::vector<int> sourceColumn(static_cast<std::size_t>(canvasWidth));
-    const double columnScale = static_cast<double>(width) / canvasWidth;
-    for (int x = 0; x < canvasWidth; ++x) {
-        sourceColumn[static_cast<std::size_t>(x)] = std::min(static_cast<int>(cvFloor(x * columnScale)), width - 1);
+    // Each mask column covers a run of canvas columns; the runs are found once and filled whole.
+    struct Run {
+        int source;
+        int begin;
+        int end;
+    };
+    std::vector<Run> runs;
+    runs.reserve(static_cast<std::size_t>(width));
+    const double columnScale = static_cast<double>(width) / canvas.cols;
+    for (int x = 0; x < canvas.cols; ++x) {
+        const int source = std::min(static_cast<int>(cvFloor(x * columnScale)), width - 1);
+        if (runs.empty() || runs.back().source != source) {
+            runs.push_back({source, x, x + 1});
+        } else {
+            runs.back().end = x + 1;
+        }
     }
-    const double rowScale = static_cast<double>(height) / canvasHeight;
-    for (int y = 0; y < canvasHeight; ++y) {
+    const double rowScale = static_cast<double>(height) / canvas.rows;
+    int previousSourceRow = -1;
+    for (int y = 0; y < canvas.rows; ++y) {
         const int sourceRow = std::min(static_cast<int>(cvFloor(y * rowScale)), height - 1);
+        cv::Vec4b* target = canvas.ptr<cv::Vec4b>(y);
+        // Painting every pixel, a row that comes from the same mask row as the one above is a copy of it.
+        if (!skipZero && sourceRow == previousSourceRow) {
+            std::memcpy(target, canvas.ptr<cv::Vec4b>(y - 1), static_cast<std::size_t>(canvas.cols) * 4);
+            continue;
+        }
+        previousSourceRow = sourceRow;
         const uint8_t* source = mask + static_cast<std::size_t>(sourceRow) * static_cast<std::size_t>(width);
-        uint8_t* target = canvas.ptr<uint8_t>(y);
-        for (int x = 0; x < canvasWidth; ++x) {
-            const uint8_t value = source[sourceColumn[static_cast<std::size_t>(x)]];
-            if (value != 0 || !skipZero) {
-                std::memcpy(target + 4 * x, colors[value].data(), 4);
+        for (const Run& run : runs) {
+            const uint8_t value = source[run.source];
+            if (value == 0 && skipZero) {
+                continue;
             }
+            const cv::Vec4b color(colors[value][0], colors[value][1], colors[value][2], colors[value][3]);
+            std::fill(target + run.begin, target + run.end, color);
         }
     }
 }
