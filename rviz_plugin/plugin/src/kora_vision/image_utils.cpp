@@ -264,8 +264,10 @@ void DrawLabel(cv::Mat& image, const std::vector<std::string>& rows, const cv::P
     DrawMultiRowsLabelText(image, rows, topLeft, rowHeight, text);
 }
 
-void DrawLabelForRectangle(cv::Mat& image, const std::vector<std::string>& rows, const cv::Rect& box,
-                           DisplayProperties& properties)
+namespace {
+// Draws the label where place(labelSize, position) puts it; no label when there are no rows or no place.
+template <typename Place>
+void DrawLabelWhere(cv::Mat& image, const std::vector<std::string>& rows, DisplayProperties& properties, Place place)
 {
     if (rows.empty()) {
         return;
@@ -273,23 +275,26 @@ void DrawLabelForRectangle(cv::Mat& image, const std::vector<std::string>& rows,
     int rowHeight = 0;
     const cv::Size label = GetMultiRowsLabelBackgroundSize(rows, properties, rowHeight);
     cv::Point position;
-    if (GetLabelPositionForRectangle(image.cols, image.rows, box, label, position)) {
+    if (place(label, position)) {
         DrawLabel(image, rows, position, label, rowHeight, properties);
     }
+}
+} // namespace
+
+void DrawLabelForRectangle(cv::Mat& image, const std::vector<std::string>& rows, const cv::Rect& box,
+                           DisplayProperties& properties)
+{
+    DrawLabelWhere(image, rows, properties, [&](const cv::Size& label, cv::Point& position) {
+        return GetLabelPositionForRectangle(image.cols, image.rows, box, label, position);
+    });
 }
 
 void DrawLabelForPolygon(cv::Mat& image, const std::vector<std::string>& rows, const std::vector<cv::Point>& polygon,
                          DisplayProperties& properties)
 {
-    if (rows.empty()) {
-        return;
-    }
-    int rowHeight = 0;
-    const cv::Size label = GetMultiRowsLabelBackgroundSize(rows, properties, rowHeight);
-    cv::Point position;
-    if (GetLabelPositionForPolygon(image.cols, image.rows, polygon, label, position)) {
-        DrawLabel(image, rows, position, label, rowHeight, properties);
-    }
+    DrawLabelWhere(image, rows, properties, [&](const cv::Size& label, cv::Point& position) {
+        return GetLabelPositionForPolygon(image.cols, image.rows, polygon, label, position);
+    });
 }
 
 std::string GetLabelNumberForDouble(double value)

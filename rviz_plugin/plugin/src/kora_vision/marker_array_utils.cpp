@@ -143,6 +143,15 @@ bool MarkerArrayUtils::CheckScaleXY(const cv::Mat& image, const Marker& marker)
     return true;
 }
 
+bool MarkerArrayUtils::CheckPosition(const cv::Mat& image, const geometry_msgs::Point& position)
+{
+    if (!IsDrawablePoint(position.x, position.y, image)) {
+        SetMarkerStatus(rviz::StatusProperty::Error, outsideCanvasText);
+        return false;
+    }
+    return true;
+}
+
 bool MarkerArrayUtils::CheckLineThickness(const Marker& marker, const QString& typeName)
 {
     if (marker.scale.x == 0.0) {
@@ -187,11 +196,7 @@ void MarkerArrayUtils::DrawArrow(cv::Mat& image, const IppConfig& /*config*/, co
 void MarkerArrayUtils::DrawRectangle(cv::Mat& image, const IppConfig& /*config*/, const Marker& marker)
 {
     const geometry_msgs::Point& center = marker.pose.position;
-    if (!CheckScaleXY(image, marker)) {
-        return;
-    }
-    if (!IsDrawablePoint(center.x, center.y, image)) {
-        SetMarkerStatus(rviz::StatusProperty::Error, outsideCanvasText);
+    if (!CheckScaleXY(image, marker) || !CheckPosition(image, center)) {
         return;
     }
     cv::rectangle(image, RoundPoint(center.x - marker.scale.x / 2, center.y - marker.scale.y / 2),
@@ -218,11 +223,7 @@ void MarkerArrayUtils::DrawRectangleList(cv::Mat& image, const IppConfig& /*conf
 void MarkerArrayUtils::DrawCircle(cv::Mat& image, const IppConfig& /*config*/, const Marker& marker)
 {
     const geometry_msgs::Point& center = marker.pose.position;
-    if (!CheckScaleXY(image, marker)) {
-        return;
-    }
-    if (!IsDrawablePoint(center.x, center.y, image)) {
-        SetMarkerStatus(rviz::StatusProperty::Error, outsideCanvasText);
+    if (!CheckScaleXY(image, marker) || !CheckPosition(image, center)) {
         return;
     }
     cv::ellipse(image, RoundPoint(center.x, center.y), RoundPoint(marker.scale.x / 2, marker.scale.y / 2), 0, 0, 360,
@@ -353,8 +354,11 @@ void MarkerArrayUtils::DrawText(cv::Mat& image, const IppConfig& config, const M
         return;
     }
     const geometry_msgs::Point& center = marker.pose.position;
-    if (!(marker.scale.z > 0 && marker.scale.z <= maxFontScale) || !IsDrawablePoint(center.x, center.y, image)) {
+    if (!(marker.scale.z > 0 && marker.scale.z <= maxFontScale)) {
         SetMarkerStatus(rviz::StatusProperty::Error, outsideCanvasText);
+        return;
+    }
+    if (!CheckPosition(image, center)) {
         return;
     }
     const std::vector<std::string> lines = Split(marker.text, '\n');

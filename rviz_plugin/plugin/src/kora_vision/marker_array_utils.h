@@ -54,6 +54,7 @@ private:
     bool CheckPoints(const cv::Mat& image, const visualization_msgs::Marker& marker, const QString& emptyText);
     bool CheckColorsNumber(const visualization_msgs::Marker& marker);
     bool CheckScaleXY(const cv::Mat& image, const visualization_msgs::Marker& marker);
+    bool CheckPosition(const cv::Mat& image, const geometry_msgs::Point& position);
     bool CheckLineThickness(const visualization_msgs::Marker& marker, const QString& typeName);
     void EmitColorsNumberInvalidSignal(std::size_t colors, std::size_t points);
     void SetMarkerStatus(rviz::StatusProperty::Level level, const QString& text);
