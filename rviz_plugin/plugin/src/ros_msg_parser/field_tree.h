@@ -21,6 +21,8 @@ struct FieldTreeNode {
     std::vector<std::unique_ptr<FieldTreeNode>> children;
     // Fewest bytes one element of this field takes on the wire: bounds the element count of an array.
     std::size_t minWireSize = 0;
+    // Position in the tree, in creation order: indexes per-node tables of the parser.
+    std::size_t id = 0;
 };
 
 // The message types as a tree: the root message, below it one node per field of message type,
@@ -35,6 +37,12 @@ constexpr std::size_t maxArrayDepth = 8;
 
 // A decoded leaf: its node in the field tree and the index of each array on the way down.
 struct FieldTreeLeaf {
+    FieldTreeLeaf() = default;
+    FieldTreeLeaf(const FieldTreeNode* leafNode, const std::array<uint16_t, 8>& indices, uint8_t count)
+        : node(leafNode), indexArray(indices), indexCount(count)
+    {
+    }
+
     const FieldTreeNode* node = nullptr;
     std::array<uint16_t, maxArrayDepth> indexArray{};
     uint8_t indexCount = 0;

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <map>
 #include <set>
+#include <tuple>
 
 namespace RosMsgParser {
 
@@ -50,6 +51,7 @@ public:
                 continue;
             }
             auto child = std::make_unique<FieldTreeNode>();
+            child->id = nextId++;
             child->name = field.name();
             child->field = &field;
             child->parent = &node;
@@ -114,6 +116,7 @@ private:
     }
 
     const RosMessageLibrary& library;
+    std::size_t nextId = 1;
     std::set<std::string> path;
     std::map<const ROSMessage*, std::size_t> minSizes;
 };
@@ -166,6 +169,7 @@ Parser::Parser(const std::string& topicName, const ROSType& messageType, const s
     schema_->fieldTree->name = topicName;
     builder.Build(*schema_->fieldTree, *schema_->rootMessage, 0, 0);
     schema_->messageTree = builder.MessageTree(*schema_->rootMessage);
+    BuildPrograms();
 }
 
 void Parser::setMaxArrayPolicy(MaxArrayPolicy policy, std::size_t maxArraySize)
@@ -175,7 +179,99 @@ void Parser::setMaxArrayPolicy(MaxArrayPolicy policy, std::size_t maxArraySize)
     }
     policy_ = policy;
     maxArraySize_ = maxArraySize;
+    BuildPrograms();
 }
+
+void Parser::BuildPrograms()
+{
+    programs_.clear();
+    std::vector<const FieldTreeNode*> pending{schema_->fieldTree.get()};
+    while (!pending.empty()) {
+        const FieldTreeNode* node = pending.back();
+        pending.pop_back();
+        if (node->field != nullptr && node->field->type().isBuiltin()) {
+            continue;
+        }
+        std::vector<Segment> program;
+        std::unique_ptr<FixedLayout> run;
+        const auto closeRun = [&]() {
+            if (run != nullptr && !run->steps.empty()) {
+                for (uint32_t index = 0; index < run->steps.size(); ++index) {
+                    const BuiltinType type = run->steps[index].type;
+                    if (run->batches.empty() || run->batches.back().type != type) {
+                        run->batches.push_back({type, index, 0});
+                    }
+                    ++run->batches.back().count;
+                }
+                program.push_back({std::move(run), nullptr});
+            }
+            run.reset();
+        };
+        for (const auto& child : node->children) {
+            pending.push_back(child.get());
+            FixedLayout single;
+            std::size_t size = 0;
+            std::array<uint16_t, maxArrayDepth> indices{};
+            if (!AddFixedLayout(*child, 0, size, indices, single)) {
+                closeRun();
+                program.push_back({nullptr, child.get()});
+                continue;
+            }
+            if (run == nullptr) {
+                run = std::make_unique<FixedLayout>();
+            }
+            for (LeafStep& step : single.steps) {
+                step.offset += static_cast<uint32_t>(run->size);
+                run->steps.push_back(step);
+            }
+            run->size += size;
+        }
+        closeRun();
+        if (programs_.size() <= node->id) {
+            programs_.resize(node->id + 1);
+        }
+        programs_[node->id] = std::move(program);
+    }
+}
+
+bool Parser::AddFixedLayout(const FieldTreeNode& node, uint8_t depth, std::size_t& offset,
+                            std::array<uint16_t, maxArrayDepth>& indices, FixedLayout& layout) const
+{
+    const ROSField& field = *node.field;
+    const BuiltinType type = field.type().typeID();
+    if (type == STRING || (field.isArray() && field.arraySize() < 0)) {
+        return false;
+    }
+    const std::size_t count = field.isArray() ? static_cast<std::size_t>(field.arraySize()) : 1;
+    // Arrays that the limit cuts or turns into blobs take the general path.
+    if (field.isArray() && count > maxArraySize_) {
+        return false;
+    }
+    const uint8_t elementDepth = field.isArray() ? static_cast<uint8_t>(depth + 1) : depth;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (field.isArray()) {
+            indices[depth] = static_cast<uint16_t>(i);
+        }
+        if (type != OTHER) {
+            LeafStep step;
+            step.node = &node;
+            step.type = type;
+            step.offset = static_cast<uint32_t>(offset);
+            step.extraCount = elementDepth;
+            std::memcpy(&step.extra, indices.data(), sizeof(step.extra));
+            layout.steps.push_back(step);
+            offset += BuiltinSize(type);
+            continue;
+        }
+        for (const auto& child : node.children) {
+            if (!AddFixedLayout(*child, elementDepth, offset, indices, layout)) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
 
 bool Parser::deserializeIntoFlatMsg(Span<uint8_t> buffer, FlatMessage* flat) const
 {
@@ -188,14 +284,22 @@ bool Parser::deserializeIntoFlatMsg(Span<uint8_t> buffer, FlatMessage* flat) con
     flat->blob_storage.clear();
     Reader reader(buffer);
     FieldTreeLeaf leaf;
-    Decode(*schema_->fieldTree, reader, *flat, leaf);
+    DecodeMessage(*schema_->fieldTree, reader, *flat, leaf, true);
     return true;
 }
 
-void Parser::Decode(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf) const
+void Parser::DecodeMessage(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf,
+                           bool keep) const
 {
-    for (const auto& child : node.children) {
-        DecodeField(*child, reader, flat, leaf, true);
+    if (node.id >= programs_.size()) {
+        return;
+    }
+    for (const Segment& segment : programs_[node.id]) {
+        if (segment.run != nullptr) {
+            DecodeFixed(*segment.run, reader, flat, leaf, keep);
+        } else {
+            DecodeField(*segment.field, reader, flat, leaf, keep);
+        }
     }
 }
 
@@ -249,7 +353,118 @@ inline bool ReadNumber(BuiltinType type, Parser::Reader& reader, Variant& value)
     }
     return false;
 }
+// A little-endian value at bytes (already bounds-checked).
+template <typename T>
+inline T Load(const uint8_t* bytes)
+{
+    T value;
+    std::memcpy(&value, bytes, sizeof(value));
+    return value;
+}
 } // namespace
+
+namespace {
+// Index updates and record writes go through whole words or single fields: a narrow store followed
+// by a wide load of the same bytes stalls the processor's store forwarding on every value.
+inline void SetIndex(FieldTreeLeaf& leaf, uint8_t depth, uint16_t index)
+{
+    Parser::IndexBits bits;
+    std::memcpy(&bits, leaf.indexArray.data(), sizeof(bits));
+    const unsigned shift = 16U * depth;
+    bits = (bits & ~(Parser::IndexBits(0xFFFF) << shift)) | (Parser::IndexBits(index) << shift);
+    std::memcpy(leaf.indexArray.data(), &bits, sizeof(bits));
+}
+
+inline void AppendValue(FlatMessage& flat, const FieldTreeNode* node, const FieldTreeLeaf& leaf, const Variant& value)
+{
+    flat.value.emplace_back(std::piecewise_construct, std::forward_as_tuple(node, leaf.indexArray, leaf.indexCount),
+                            std::forward_as_tuple(value));
+}
+} // namespace
+
+void Parser::DecodeFixed(const FixedLayout& layout, Reader& reader, FlatMessage& flat, const FieldTreeLeaf& leaf,
+                         bool keep) const
+{
+    const uint8_t* bytes = reader.Take(layout.size);
+    if (!keep) {
+        return;
+    }
+    // The leaf's own indices come first, each step's below them. Whole words are combined and
+    // stored at once: no narrow stores read back as a whole.
+    static_assert(sizeof(IndexBits) == sizeof(leaf.indexArray), "eight 16-bit indices");
+    IndexBits prefix = 0;
+    std::memcpy(&prefix, leaf.indexArray.data(), sizeof(prefix));
+    const unsigned shift = 16U * leaf.indexCount;
+    if (shift < 128) {
+        prefix &= (IndexBits(1) << shift) - 1;
+    }
+    // Each record is constructed in place from whole words: a record assembled elsewhere and copied
+    // in would be read back right after its narrow stores.
+    // Records are written in place, field by field, after one resize.
+    const std::size_t base = flat.value.size();
+    flat.value.resize(base + layout.steps.size());
+    auto* records = flat.value.data() + base;
+    const uint8_t count = leaf.indexCount;
+    const auto emit = [&](const FixedLayout::Batch& batch, auto load) {
+        for (uint32_t index = batch.first; index < batch.first + batch.count; ++index) {
+            const LeafStep& step = layout.steps[index];
+            const IndexBits bits = step.extraCount == 0 ? prefix : prefix | (step.extra << shift);
+            auto& record = records[index];
+            record.first.node = step.node;
+            std::memcpy(record.first.indexArray.data(), &bits, sizeof(bits));
+            record.first.indexCount = static_cast<uint8_t>(count + step.extraCount);
+            record.second = load(bytes + step.offset);
+        }
+    };
+    // One switch per run of equal types, not per number.
+    for (const FixedLayout::Batch& batch : layout.batches) {
+        const BuiltinType type = batch.type;
+        switch (type) {
+        case BOOL:
+        case BYTE:
+        case UINT8:
+        case CHAR:
+            emit(batch, [type](const uint8_t* at) { return Variant::Unsigned(type, Load<uint8_t>(at)); });
+            break;
+        case UINT16:
+            emit(batch, [type](const uint8_t* at) { return Variant::Unsigned(type, Load<uint16_t>(at)); });
+            break;
+        case UINT32:
+            emit(batch, [type](const uint8_t* at) { return Variant::Unsigned(type, Load<uint32_t>(at)); });
+            break;
+        case UINT64:
+            emit(batch, [type](const uint8_t* at) { return Variant::Unsigned(type, Load<uint64_t>(at)); });
+            break;
+        case INT8:
+            emit(batch, [type](const uint8_t* at) { return Variant::Signed(type, Load<int8_t>(at)); });
+            break;
+        case INT16:
+            emit(batch, [type](const uint8_t* at) { return Variant::Signed(type, Load<int16_t>(at)); });
+            break;
+        case INT32:
+            emit(batch, [type](const uint8_t* at) { return Variant::Signed(type, Load<int32_t>(at)); });
+            break;
+        case INT64:
+            emit(batch, [type](const uint8_t* at) { return Variant::Signed(type, Load<int64_t>(at)); });
+            break;
+        case FLOAT32:
+            emit(batch, [type](const uint8_t* at) { return Variant::Real(type, Load<float>(at)); });
+            break;
+        case FLOAT64:
+            emit(batch, [type](const uint8_t* at) { return Variant::Real(type, Load<double>(at)); });
+            break;
+        case TIME:
+        case DURATION:
+            emit(batch, [type](const uint8_t* at) {
+                return Variant::Stamp(type, Load<uint32_t>(at), Load<uint32_t>(at + 4));
+            });
+            break;
+        case STRING:
+        case OTHER:
+            break;
+        }
+    }
+}
 
 void Parser::DecodeElement(const FieldTreeNode& node, BuiltinType type, Reader& reader, FlatMessage& flat,
                            FieldTreeLeaf& leaf, bool keep) const
@@ -257,8 +472,7 @@ void Parser::DecodeElement(const FieldTreeNode& node, BuiltinType type, Reader& 
     Variant value;
     if (ReadNumber(type, reader, value)) {
         if (keep) {
-            leaf.node = &node;
-            flat.value.emplace_back(leaf, value);
+            AppendValue(flat, &node, leaf, value);
         }
         return;
     }
@@ -271,9 +485,7 @@ void Parser::DecodeElement(const FieldTreeNode& node, BuiltinType type, Reader& 
         }
         return;
     }
-    for (const auto& child : node.children) {
-        DecodeField(*child, reader, flat, leaf, keep);
-    }
+    DecodeMessage(node, reader, flat, leaf, keep);
 }
 
 void Parser::DecodeField(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf,
@@ -307,17 +519,16 @@ void Parser::DecodeField(const FieldTreeNode& node, Reader& reader, FlatMessage&
     const uint8_t depth = leaf.indexCount++;
     if (type != STRING && type != OTHER && store) {
         // Numbers: one tight loop, the rest of the array skipped in one step.
-        leaf.node = &node;
         Variant value;
         for (std::size_t i = 0; i < kept; ++i) {
-            leaf.indexArray[depth] = static_cast<uint16_t>(i);
+            SetIndex(leaf, depth, static_cast<uint16_t>(i));
             ReadNumber(type, reader, value);
-            flat.value.emplace_back(leaf, value);
+            AppendValue(flat, &node, leaf, value);
         }
         reader.Take((count - kept) * node.minWireSize);
     } else {
         for (std::size_t i = 0; i < visited; ++i) {
-            leaf.indexArray[depth] = static_cast<uint16_t>(std::min<std::size_t>(i, UINT16_MAX));
+            SetIndex(leaf, depth, static_cast<uint16_t>(std::min<std::size_t>(i, UINT16_MAX)));
             DecodeElement(node, type, reader, flat, leaf, store && i < kept);
         }
     }

@@ -3,7 +3,10 @@
 
 #include "flat_message.h"
 
+#include <array>
+#include <cstdint>
 #include <memory>
+#include <vector>
 #include <stdexcept>
 #include <string>
 
@@ -39,16 +42,55 @@ public:
 
     class Reader;
 
+    // One number of a fixed-layout element: where it lies in the element's bytes and the array
+    // indices it adds below the element.
+    // The indices of a leaf, all eight 16-bit words in one number (first index lowest).
+    __extension__ typedef unsigned __int128 IndexBits;
+    struct LeafStep {
+        const FieldTreeNode* node = nullptr;
+        BuiltinType type = OTHER;
+        uint32_t offset = 0;
+        uint8_t extraCount = 0;
+        IndexBits extra = 0;
+    };
+    // The numbers of consecutive fields whose bytes have a fixed layout (no strings, no variable
+    // arrays, no arrays that the array limit cuts), decoded in one pass without recursion.
+    struct FixedLayout {
+        std::size_t size = 0;
+        std::vector<LeafStep> steps;
+        // Consecutive steps of one type, decoded by one loop: [first, first + count) of steps.
+        struct Batch {
+            BuiltinType type;
+            uint32_t first;
+            uint32_t count;
+        };
+        std::vector<Batch> batches;
+    };
+    // How one element of a message type is decoded: runs of fixed-layout fields, and in between
+    // the fields that need the general path (run null, field set).
+    struct Segment {
+        std::unique_ptr<FixedLayout> run;
+        const FieldTreeNode* field = nullptr;
+    };
+
 private:
+    void BuildPrograms();
+    bool AddFixedLayout(const FieldTreeNode& node, uint8_t depth, std::size_t& offset,
+                        std::array<uint16_t, maxArrayDepth>& indices, FixedLayout& layout) const;
+    void DecodeFixed(const FixedLayout& layout, Reader& reader, FlatMessage& flat, const FieldTreeLeaf& leaf,
+                     bool keep) const;
     void DecodeElement(const FieldTreeNode& node, BuiltinType type, Reader& reader, FlatMessage& flat,
                        FieldTreeLeaf& leaf, bool keep) const;
-    void Decode(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf) const;
+    void DecodeMessage(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf,
+                       bool keep) const;
     void DecodeField(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf,
                      bool store) const;
 
     std::shared_ptr<MessageSchema> schema_;
     MaxArrayPolicy policy_ = DISCARD_LARGE_ARRAYS;
     std::size_t maxArraySize_ = 100;
+    // By node id: how one element of that node's message type is decoded (the root has id 0).
+    std::vector<std::vector<Segment>> programs_;
 };
 
 } // namespace RosMsgParser

@@ -34,7 +34,20 @@ bool RvizSession::SaveConfig(std::chrono::milliseconds timeout)
     if (RunCommand({"bash", "-c", script}, environment, std::chrono::seconds(20)) != 0) {
         return false;
     }
-    return WaitFor([&]() { return fs::last_write_time(configFile) != before; }, timeout);
+    if (!WaitFor([&]() { return fs::last_write_time(configFile) != before; }, timeout)) {
+        return false;
+    }
+    // rviz truncates the file and then writes it: done when it has content that stops changing.
+    std::uintmax_t size = 0;
+    return WaitFor(
+        [&]() {
+            const std::uintmax_t now = fs::file_size(configFile);
+            const bool settled = now > 0 && now == size;
+            size = now;
+            std::this_thread::sleep_for(std::chrono::milliseconds(200));
+            return settled;
+        },
+        timeout);
 }
 
 } // namespace test_support

@@ -313,6 +313,32 @@ TEST(RosMsgParser, DefinitionsWithConstantsCommentsAndShortNames)
     EXPECT_DOUBLE_EQ(byPath.at("/demo/values.0"), 1.0);
 }
 
+TEST(RosMsgParser, EmptyTypesAndFixedArraysInsideVariableArraysKeepTheirIndices)
+{
+    const std::string definition =
+        "Nothing none\n"
+        "Cell[] cells\n"
+        "================================================================================\n"
+        "MSG: demo/Nothing\n"
+        "================================================================================\n"
+        "MSG: demo/Cell\n"
+        "Nothing gap\nint16[2] xy\nuint8 tag\n";
+    Parser parser("/grid", ROSType("demo/Grid"), definition);
+    const std::vector<uint8_t> bytes = {2, 0, 0, 0,            // two cells
+                                        1, 0, 2, 0, 7,         // cells.0: xy 1 2, tag 7
+                                        0xFF, 0xFF, 3, 0, 9};  // cells.1: xy -1 3, tag 9
+    FlatMessage flat;
+    parser.deserializeIntoFlatMsg(Span<uint8_t>(bytes), &flat);
+    RosMsgParser::RenamedValues values;
+    RosMsgParser::CreateRenamedValues(flat, values);
+    const RosMsgParser::RenamedValues expected = {{"/grid/cells.0/xy.0", 1}, {"/grid/cells.0/xy.1", 2},
+                                                  {"/grid/cells.0/tag", 7},  {"/grid/cells.1/xy.0", -1},
+                                                  {"/grid/cells.1/xy.1", 3}, {"/grid/cells.1/tag", 9}};
+    EXPECT_EQ(values, expected);
+    const std::vector<uint8_t> shortBytes(bytes.begin(), bytes.end() - 1);
+    EXPECT_THROW(parser.deserializeIntoFlatMsg(Span<uint8_t>(shortBytes), &flat), RosMsgParser::DeserializeError);
+}
+
 TEST(RosMsgParser, BadDefinitionsAndBadBuffersFailAlone)
 {
     const char* badDefinitions[] = {
