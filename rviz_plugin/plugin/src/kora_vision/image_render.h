@@ -1,6 +1,7 @@
 #ifndef RVIZ_PLUGIN_IMAGE_RENDER_H
 #define RVIZ_PLUGIN_IMAGE_RENDER_H
 
+#include "image_texture_sink.h"
 #include "render_rectangle.h"
 
 #include <QObject>
@@ -32,7 +33,7 @@ class RgbaTextureData;
 
 // Shows one video item in its render panel: the video quad at the back, the overlay canvas in
 // front. Frames come from the overlay thread; conversion and upload happen on the main thread.
-class ImageRender : public QObject, public Ogre::RenderTargetListener {
+class ImageRender : public QObject, public Ogre::RenderTargetListener, public ImageTextureSink {
     Q_OBJECT
 public:
     ImageRender();
@@ -41,8 +42,8 @@ public:
     void Initialize(rviz::DisplayContext* context, NonInteractiveRenderPanel* panel, rviz::Display* display,
                     Ogre::SceneManager* sceneManager, unsigned visibilityBit);
     // From the overlay thread, with each picture and its canvas. A null rgba hides the overlay quad.
-    virtual void UpdateImageTexture(const std::shared_ptr<YuvTextureData>& yuv,
-                                    const std::shared_ptr<RgbaTextureData>& rgba);
+    void UpdateImageTexture(const std::shared_ptr<YuvTextureData>& yuv,
+                            const std::shared_ptr<RgbaTextureData>& rgba) override;
     // From the main thread, on rviz's update tick.
     void UpdateImageDisplay();
     void Clear();

@@ -1,6 +1,5 @@
 #include "ipp_node.h"
 
-#include "image_render.h"
 #include "rgba_texture_data.h"
 #include "yuv_texture_data.h"
 
@@ -31,7 +30,7 @@ bool IsFrameIdMatch(const std::string& imageFrameId, const std::string& messageF
 
 std::atomic<int> IppNode::ippCounter{0};
 
-IppNode::IppNode(const std::unique_ptr<IppParameters>& params, const std::unique_ptr<ImageRender>& render)
+IppNode::IppNode(const std::unique_ptr<IppParameters>& params, ImageTextureSink* render)
     : ippNodeNo(ippCounter), parameters(params), imageRender(render)
 {
 }

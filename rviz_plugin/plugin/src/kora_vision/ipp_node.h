@@ -2,6 +2,7 @@
 #define RVIZ_PLUGIN_IPP_NODE_H
 
 #include "image_freespace_utils.h"
+#include "image_texture_sink.h"
 #include "image_line_utils.h"
 #include "image_object_utils.h"
 #include "image_rectangle_utils.h"
@@ -30,7 +31,6 @@
 
 namespace rviz_plugin {
 
-class ImageRender;
 class RgbaTextureData;
 class YuvTextureData;
 
@@ -40,7 +40,8 @@ class YuvTextureData;
 class IppNode : public QObject, public ImageCacheNode {
     Q_OBJECT
 public:
-    IppNode(const std::unique_ptr<IppParameters>& parameters, const std::unique_ptr<ImageRender>& imageRender);
+    // imageRender receives every picture; it must outlive the node.
+    IppNode(const std::unique_ptr<IppParameters>& parameters, ImageTextureSink* imageRender);
     ~IppNode() override;
 
     void Initialize();
@@ -107,7 +108,7 @@ private:
     static std::atomic<int> ippCounter;
     int ippNodeNo;
     const std::unique_ptr<IppParameters>& parameters;
-    const std::unique_ptr<ImageRender>& imageRender;
+    ImageTextureSink* imageRender;
     std::map<MessageId, std::shared_ptr<MessageQueue>> queues;
     std::shared_ptr<SpecificMessageQueue<std::shared_ptr<YuvTextureData>>> imageQueue;
     std::shared_ptr<SpecificMessageQueue<boost::shared_ptr<const custom::ObjectArray>>> objectArrayQueue;

@@ -51,7 +51,7 @@ void KoraVisionProperty::Initialize(VideoControlWidget* videoItem, rviz::Display
         imageRender->Initialize(context, videoItem->GetRenderPanelWidget(), display, sceneManager,
                                 visionProperty->GetVisibleBit());
     }
-    ippNode = std::make_unique<IppNode>(ippParameters, imageRender);
+    ippNode = std::make_unique<IppNode>(ippParameters, imageRender.get());
     ippNode->Initialize();
     videoHandler = std::make_unique<VideoHandler>(*ippNode, context);
     videoHandler->Initialize();

@@ -1,6 +1,5 @@
 // The overlay node with its real thread: which pictures go out with which perception data, queue
 // limits and statuses, and that a node waiting for a silent input sleeps.
-#include "kora_vision/image_render.h"
 #include "kora_vision/ipp_node.h"
 #include "kora_vision/rgba_texture_data.h"
 #include "kora_vision/yuv_texture_data.h"
@@ -27,7 +26,7 @@ using namespace std::chrono_literals;
 namespace {
 
 // Stands in for the renderer: keeps what the overlay thread hands over.
-class RecordingRender : public ImageRender {
+class RecordingRender : public ImageTextureSink {
 public:
     struct Frame {
         ros::Time stamp;
@@ -139,11 +138,11 @@ protected:
         node->RefreshConfig();
     }
 
-    RecordingRender* Render() const { return static_cast<RecordingRender*>(render.get()); }
+    RecordingRender* Render() { return &render; }
 
     std::unique_ptr<IppParameters> parameters = std::make_unique<IppParameters>();
-    std::unique_ptr<ImageRender> render = std::make_unique<RecordingRender>();
-    std::unique_ptr<IppNode> node = std::make_unique<IppNode>(parameters, render);
+    RecordingRender render;
+    std::unique_ptr<IppNode> node = std::make_unique<IppNode>(parameters, &render);
     std::atomic<int> discardedImages{0};
     std::atomic<int> discardedPerception{0};
     QString imageQueueStatus;
