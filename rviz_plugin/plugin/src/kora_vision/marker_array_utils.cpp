@@ -74,9 +74,11 @@ void MarkerArrayUtils::DrawMarkerArray(cv::Mat& image, const IppConfig& config,
                                     "Marker frame_id is correctly set.");
     }
     for (markerIndex = 0; markerIndex < array.markers.size(); ++markerIndex) {
-        const QString key = QString("markers[%1]").arg(markerIndex);
-        if (markerKeysWithStatus.erase(key) != 0) {
-            Q_EMIT RemoveMarkerArrayStatus(key);
+        if (!markerKeysWithStatus.empty()) {
+            const QString key = QString("markers[%1]").arg(markerIndex);
+            if (markerKeysWithStatus.erase(key) != 0) {
+                Q_EMIT RemoveMarkerArrayStatus(key);
+            }
         }
         DrawMarker(image, config, array.markers[markerIndex]);
     }
