@@ -2,7 +2,7 @@
 #define ROS_MSG_PARSER_FLAT_MESSAGE_H
 
 #include "field_tree.h"
-#include "variant.h"
+#include "flat_values.h"
 
 #include <memory>
 #include <string>
@@ -28,10 +28,10 @@ private:
 };
 
 // One decoded message as flat lists of leaves: numbers, strings, and byte blobs (uint8 and int8
-// arrays longer than the array limit). Reused message after message: the vectors keep their memory.
+// arrays longer than the array limit). Reused message after message: the lists keep their memory.
 struct FlatMessage {
     std::shared_ptr<MessageSchema> schema;
-    std::vector<std::pair<FieldTreeLeaf, Variant>> value;
+    FlatValues value;
     std::vector<std::pair<FieldTreeLeaf, std::string>> name;
     std::vector<std::pair<FieldTreeLeaf, Span<uint8_t>>> blob;
     std::vector<std::vector<uint8_t>> blob_storage;

@@ -158,6 +158,34 @@ private:
     const uint8_t* end;
 };
 
+// Where one message is decoded to. The texts of the previous message are overwritten in place and
+// keep their memory; those left over are removed when decoding ends, by an error too.
+class Parser::Output {
+public:
+    explicit Output(FlatMessage& flat) : flat(flat) {}
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+    ~Output() { flat.name.erase(flat.name.begin() + static_cast<std::ptrdiff_t>(texts), flat.name.end()); }
+
+    void AddText(const FieldTreeLeaf& leaf, const char* text, std::size_t length)
+    {
+        if (texts < flat.name.size()) {
+            auto& entry = flat.name[texts];
+            entry.first = leaf;
+            entry.second.assign(text, length);
+        } else {
+            flat.name.emplace_back(std::piecewise_construct, std::forward_as_tuple(leaf),
+                                   std::forward_as_tuple(text, length));
+        }
+        ++texts;
+    }
+
+    FlatMessage& flat;
+
+private:
+    std::size_t texts = 0;
+};
+
 Parser::Parser(const std::string& topicName, const ROSType& messageType, const std::string& definition)
     : schema_(std::make_shared<MessageSchema>())
 {
@@ -182,41 +210,50 @@ void Parser::setMaxArrayPolicy(MaxArrayPolicy policy, std::size_t maxArraySize)
     BuildPrograms();
 }
 
+namespace {
+// Ends the run of fixed-layout fields being collected, if any.
+using Segment = Parser::Segment;
+
+void CloseRun(std::vector<Segment>& program, std::unique_ptr<FixedLayout>& run)
+{
+    if (run != nullptr && !run->steps.empty()) {
+        run->Finish();
+        program.push_back({Segment::FIXED, std::move(run), nullptr});
+    }
+    run.reset();
+}
+} // namespace
+
 void Parser::BuildPrograms()
 {
-    programs_.clear();
+    // Programs are needed for the root and for elements of message arrays; a nested message that is
+    // not an array element is decoded in line, as part of its parent's program.
+    auto programs = std::make_shared<Programs>();
     std::vector<const FieldTreeNode*> pending{schema_->fieldTree.get()};
     while (!pending.empty()) {
         const FieldTreeNode* node = pending.back();
         pending.pop_back();
-        if (node->field != nullptr && node->field->type().isBuiltin()) {
-            continue;
-        }
         std::vector<Segment> program;
         std::unique_ptr<FixedLayout> run;
-        const auto closeRun = [&]() {
-            if (run != nullptr && !run->steps.empty()) {
-                for (uint32_t index = 0; index < run->steps.size(); ++index) {
-                    const BuiltinType type = run->steps[index].type;
-                    if (run->batches.empty() || run->batches.back().type != type) {
-                        run->batches.push_back({type, index, 0});
-                    }
-                    ++run->batches.back().count;
-                }
-                program.push_back({std::move(run), nullptr});
-            }
-            run.reset();
-        };
-        for (const auto& child : node->children) {
-            pending.push_back(child.get());
-            FixedLayout single;
-            std::size_t size = 0;
-            std::array<uint16_t, maxArrayDepth> indices{};
-            if (!AddFixedLayout(*child, 0, size, indices, single)) {
-                closeRun();
-                program.push_back({nullptr, child.get()});
-                continue;
-            }
+        AddFields(*node, program, run, pending);
+        CloseRun(program, run);
+        if (programs->byNode.size() <= node->id) {
+            programs->byNode.resize(node->id + 1);
+        }
+        programs->byNode[node->id] = std::move(program);
+    }
+    programs_ = std::move(programs);
+}
+
+void Parser::AddFields(const FieldTreeNode& node, std::vector<Segment>& program, std::unique_ptr<FixedLayout>& run,
+                       std::vector<const FieldTreeNode*>& pending) const
+{
+    for (const auto& child : node.children) {
+        const ROSField& field = *child->field;
+        const bool message = field.type().typeID() == OTHER;
+        FixedLayout single;
+        std::array<uint16_t, maxArrayDepth> indices{};
+        if (AddFixedLayout(*child, 0, indices, single)) {
             if (run == nullptr) {
                 run = std::make_unique<FixedLayout>();
             }
@@ -224,287 +261,158 @@ void Parser::BuildPrograms()
                 step.offset += static_cast<uint32_t>(run->size);
                 run->steps.push_back(step);
             }
-            run->size += size;
+            run->size += single.size;
+            continue;
         }
-        closeRun();
-        if (programs_.size() <= node->id) {
-            programs_.resize(node->id + 1);
+        if (message && !field.isArray()) {
+            AddFields(*child, program, run, pending);
+            continue;
         }
-        programs_[node->id] = std::move(program);
+        CloseRun(program, run);
+        Segment segment{field.isArray() ? Segment::ARRAY : Segment::TEXT, nullptr, child.get()};
+        if (field.isArray() && field.type().typeID() != STRING) {
+            auto element = std::make_unique<FixedLayout>();
+            indices.fill(0);
+            if (AddFixedElement(*child, 0, indices, *element)) {
+                element->Finish();
+                segment.kind = Segment::FIXED_ARRAY;
+                segment.layout = std::move(element);
+            } else if (message) {
+                pending.push_back(child.get());
+            }
+        }
+        program.push_back(std::move(segment));
     }
 }
 
-bool Parser::AddFixedLayout(const FieldTreeNode& node, uint8_t depth, std::size_t& offset,
-                            std::array<uint16_t, maxArrayDepth>& indices, FixedLayout& layout) const
+bool Parser::AddFixedLayout(const FieldTreeNode& node, uint8_t depth, std::array<uint16_t, maxArrayDepth>& indices,
+                            FixedLayout& layout) const
 {
     const ROSField& field = *node.field;
-    const BuiltinType type = field.type().typeID();
-    if (type == STRING || (field.isArray() && field.arraySize() < 0)) {
+    if (!field.isArray()) {
+        return AddFixedElement(node, depth, indices, layout);
+    }
+    // Variable arrays, and arrays that the limit cuts or turns into blobs, take the general path.
+    if (field.arraySize() < 0 || static_cast<std::size_t>(field.arraySize()) > maxArraySize_) {
         return false;
     }
-    const std::size_t count = field.isArray() ? static_cast<std::size_t>(field.arraySize()) : 1;
-    // Arrays that the limit cuts or turns into blobs take the general path.
-    if (field.isArray() && count > maxArraySize_) {
-        return false;
-    }
-    const uint8_t elementDepth = field.isArray() ? static_cast<uint8_t>(depth + 1) : depth;
-    for (std::size_t i = 0; i < count; ++i) {
-        if (field.isArray()) {
-            indices[depth] = static_cast<uint16_t>(i);
-        }
-        if (type != OTHER) {
-            LeafStep step;
-            step.node = &node;
-            step.type = type;
-            step.offset = static_cast<uint32_t>(offset);
-            step.extraCount = elementDepth;
-            std::memcpy(&step.extra, indices.data(), sizeof(step.extra));
-            layout.steps.push_back(step);
-            offset += BuiltinSize(type);
-            continue;
-        }
-        for (const auto& child : node.children) {
-            if (!AddFixedLayout(*child, elementDepth, offset, indices, layout)) {
-                return false;
-            }
+    for (int i = 0; i < field.arraySize(); ++i) {
+        indices[depth] = static_cast<uint16_t>(i);
+        if (!AddFixedElement(node, static_cast<uint8_t>(depth + 1), indices, layout)) {
+            return false;
         }
     }
     return true;
 }
 
+bool Parser::AddFixedElement(const FieldTreeNode& node, uint8_t depth, std::array<uint16_t, maxArrayDepth>& indices,
+                             FixedLayout& layout) const
+{
+    const BuiltinType type = node.field->type().typeID();
+    if (type == STRING) {
+        return false;
+    }
+    if (type != OTHER) {
+        LeafStep step;
+        step.node = &node;
+        step.type = type;
+        step.offset = static_cast<uint32_t>(layout.size);
+        step.extraCount = depth;
+        std::memcpy(&step.extra, indices.data(), sizeof(step.extra));
+        layout.steps.push_back(step);
+        layout.size += BuiltinSize(type);
+        return true;
+    }
+    for (const auto& child : node.children) {
+        if (!AddFixedLayout(*child, depth, indices, layout)) {
+            return false;
+        }
+    }
+    return true;
+}
 
 bool Parser::deserializeIntoFlatMsg(Span<uint8_t> buffer, FlatMessage* flat) const
 {
     if (flat->schema != schema_) {
         flat->schema = schema_;
     }
+    if (flat->value.layouts() != programs_.get()) {
+        flat->value.holdLayouts(programs_);
+    }
     flat->value.clear();
-    flat->name.clear();
     flat->blob.clear();
     flat->blob_storage.clear();
     Reader reader(buffer);
+    Output out(*flat);
     FieldTreeLeaf leaf;
-    DecodeMessage(*schema_->fieldTree, reader, *flat, leaf, true);
+    DecodeMessage(*schema_->fieldTree, reader, out, leaf, true);
     return true;
 }
 
-void Parser::DecodeMessage(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf,
-                           bool keep) const
-{
-    if (node.id >= programs_.size()) {
-        return;
-    }
-    for (const Segment& segment : programs_[node.id]) {
-        if (segment.run != nullptr) {
-            DecodeFixed(*segment.run, reader, flat, leaf, keep);
-        } else {
-            DecodeField(*segment.field, reader, flat, leaf, keep);
-        }
-    }
-}
-
 namespace {
-// Reads one element of a built-in number type; false for strings and messages.
-inline bool ReadNumber(BuiltinType type, Parser::Reader& reader, Variant& value)
-{
-    switch (type) {
-    case BOOL:
-    case BYTE:
-    case UINT8:
-    case CHAR:
-        value = Variant::Unsigned(type, reader.Read<uint8_t>());
-        return true;
-    case UINT16:
-        value = Variant::Unsigned(type, reader.Read<uint16_t>());
-        return true;
-    case UINT32:
-        value = Variant::Unsigned(type, reader.Read<uint32_t>());
-        return true;
-    case UINT64:
-        value = Variant::Unsigned(type, reader.Read<uint64_t>());
-        return true;
-    case INT8:
-        value = Variant::Signed(type, reader.Read<int8_t>());
-        return true;
-    case INT16:
-        value = Variant::Signed(type, reader.Read<int16_t>());
-        return true;
-    case INT32:
-        value = Variant::Signed(type, reader.Read<int32_t>());
-        return true;
-    case INT64:
-        value = Variant::Signed(type, reader.Read<int64_t>());
-        return true;
-    case FLOAT32:
-        value = Variant::Real(type, reader.Read<float>());
-        return true;
-    case FLOAT64:
-        value = Variant::Real(type, reader.Read<double>());
-        return true;
-    case TIME:
-    case DURATION: {
-        const uint32_t seconds = reader.Read<uint32_t>();
-        value = Variant::Stamp(type, seconds, reader.Read<uint32_t>());
-        return true;
-    }
-    case STRING:
-    case OTHER:
-        return false;
-    }
-    return false;
-}
-// A little-endian value at bytes (already bounds-checked).
-template <typename T>
-inline T Load(const uint8_t* bytes)
-{
-    T value;
-    std::memcpy(&value, bytes, sizeof(value));
-    return value;
-}
-} // namespace
-
-namespace {
-// Index updates and record writes go through whole words or single fields: a narrow store followed
-// by a wide load of the same bytes stalls the processor's store forwarding on every value.
+// Index updates go through whole words: a narrow store followed by a wide load of the same bytes
+// stalls the processor's store forwarding.
 inline void SetIndex(FieldTreeLeaf& leaf, uint8_t depth, uint16_t index)
 {
-    Parser::IndexBits bits;
+    IndexBits bits;
     std::memcpy(&bits, leaf.indexArray.data(), sizeof(bits));
     const unsigned shift = 16U * depth;
-    bits = (bits & ~(Parser::IndexBits(0xFFFF) << shift)) | (Parser::IndexBits(index) << shift);
+    bits = (bits & ~(IndexBits(0xFFFF) << shift)) | (IndexBits(index) << shift);
     std::memcpy(leaf.indexArray.data(), &bits, sizeof(bits));
 }
 
-inline void AppendValue(FlatMessage& flat, const FieldTreeNode* node, const FieldTreeLeaf& leaf, const Variant& value)
+inline void DecodeText(const FieldTreeNode& node, Parser::Reader& reader, Parser::Output& out, FieldTreeLeaf& leaf,
+                       bool keep)
 {
-    flat.value.emplace_back(std::piecewise_construct, std::forward_as_tuple(node, leaf.indexArray, leaf.indexCount),
-                            std::forward_as_tuple(value));
+    const uint32_t length = reader.Read<uint32_t>();
+    const char* text = reinterpret_cast<const char*>(reader.Take(length));
+    if (keep) {
+        leaf.node = &node;
+        out.AddText(leaf, text, length);
+    }
 }
 } // namespace
 
-void Parser::DecodeFixed(const FixedLayout& layout, Reader& reader, FlatMessage& flat, const FieldTreeLeaf& leaf,
-                         bool keep) const
+void Parser::DecodeMessage(const FieldTreeNode& node, Reader& reader, Output& out, FieldTreeLeaf& leaf,
+                           bool keep) const
 {
-    const uint8_t* bytes = reader.Take(layout.size);
-    if (!keep) {
+    if (node.id >= programs_->byNode.size()) {
         return;
     }
-    // The leaf's own indices come first, each step's below them. Whole words are combined and
-    // stored at once: no narrow stores read back as a whole.
-    static_assert(sizeof(IndexBits) == sizeof(leaf.indexArray), "eight 16-bit indices");
-    IndexBits prefix = 0;
-    std::memcpy(&prefix, leaf.indexArray.data(), sizeof(prefix));
-    const unsigned shift = 16U * leaf.indexCount;
-    if (shift < 128) {
-        prefix &= (IndexBits(1) << shift) - 1;
-    }
-    // Each record is constructed in place from whole words: a record assembled elsewhere and copied
-    // in would be read back right after its narrow stores.
-    // Records are written in place, field by field, after one resize.
-    const std::size_t base = flat.value.size();
-    flat.value.resize(base + layout.steps.size());
-    auto* records = flat.value.data() + base;
-    const uint8_t count = leaf.indexCount;
-    const auto emit = [&](const FixedLayout::Batch& batch, auto load) {
-        for (uint32_t index = batch.first; index < batch.first + batch.count; ++index) {
-            const LeafStep& step = layout.steps[index];
-            const IndexBits bits = step.extraCount == 0 ? prefix : prefix | (step.extra << shift);
-            auto& record = records[index];
-            record.first.node = step.node;
-            std::memcpy(record.first.indexArray.data(), &bits, sizeof(bits));
-            record.first.indexCount = static_cast<uint8_t>(count + step.extraCount);
-            record.second = load(bytes + step.offset);
+    for (const Segment& segment : programs_->byNode[node.id]) {
+        switch (segment.kind) {
+        case Segment::FIXED: {
+            const uint8_t* bytes = reader.Take(segment.layout->size);
+            if (keep) {
+                out.flat.value.AppendRun(*segment.layout, leaf, false, bytes, 1);
+            }
+            break;
         }
-    };
-    // One switch per run of equal types, not per number.
-    for (const FixedLayout::Batch& batch : layout.batches) {
-        const BuiltinType type = batch.type;
-        switch (type) {
-        case BOOL:
-        case BYTE:
-        case UINT8:
-        case CHAR:
-            emit(batch, [type](const uint8_t* at) { return Variant::Unsigned(type, Load<uint8_t>(at)); });
+        case Segment::TEXT:
+            DecodeText(*segment.field, reader, out, leaf, keep);
             break;
-        case UINT16:
-            emit(batch, [type](const uint8_t* at) { return Variant::Unsigned(type, Load<uint16_t>(at)); });
-            break;
-        case UINT32:
-            emit(batch, [type](const uint8_t* at) { return Variant::Unsigned(type, Load<uint32_t>(at)); });
-            break;
-        case UINT64:
-            emit(batch, [type](const uint8_t* at) { return Variant::Unsigned(type, Load<uint64_t>(at)); });
-            break;
-        case INT8:
-            emit(batch, [type](const uint8_t* at) { return Variant::Signed(type, Load<int8_t>(at)); });
-            break;
-        case INT16:
-            emit(batch, [type](const uint8_t* at) { return Variant::Signed(type, Load<int16_t>(at)); });
-            break;
-        case INT32:
-            emit(batch, [type](const uint8_t* at) { return Variant::Signed(type, Load<int32_t>(at)); });
-            break;
-        case INT64:
-            emit(batch, [type](const uint8_t* at) { return Variant::Signed(type, Load<int64_t>(at)); });
-            break;
-        case FLOAT32:
-            emit(batch, [type](const uint8_t* at) { return Variant::Real(type, Load<float>(at)); });
-            break;
-        case FLOAT64:
-            emit(batch, [type](const uint8_t* at) { return Variant::Real(type, Load<double>(at)); });
-            break;
-        case TIME:
-        case DURATION:
-            emit(batch, [type](const uint8_t* at) {
-                return Variant::Stamp(type, Load<uint32_t>(at), Load<uint32_t>(at + 4));
-            });
-            break;
-        case STRING:
-        case OTHER:
+        case Segment::FIXED_ARRAY:
+        case Segment::ARRAY:
+            DecodeArray(segment, reader, out, leaf, keep);
             break;
         }
     }
 }
 
-void Parser::DecodeElement(const FieldTreeNode& node, BuiltinType type, Reader& reader, FlatMessage& flat,
-                           FieldTreeLeaf& leaf, bool keep) const
-{
-    Variant value;
-    if (ReadNumber(type, reader, value)) {
-        if (keep) {
-            AppendValue(flat, &node, leaf, value);
-        }
-        return;
-    }
-    if (type == STRING) {
-        const uint32_t length = reader.Read<uint32_t>();
-        const uint8_t* text = reader.Take(length);
-        if (keep) {
-            leaf.node = &node;
-            flat.name.emplace_back(leaf, std::string(reinterpret_cast<const char*>(text), length));
-        }
-        return;
-    }
-    DecodeMessage(node, reader, flat, leaf, keep);
-}
-
-void Parser::DecodeField(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf,
+void Parser::DecodeArray(const Segment& segment, Reader& reader, Output& out, FieldTreeLeaf& leaf,
                          bool store) const
 {
+    const FieldTreeNode& node = *segment.field;
     const ROSField& field = *node.field;
     const BuiltinType type = field.type().typeID();
-    if (!field.isArray()) {
-        DecodeElement(node, type, reader, flat, leaf, store);
-        return;
-    }
     const std::size_t count =
         field.arraySize() >= 0 ? static_cast<std::size_t>(field.arraySize()) : reader.Read<uint32_t>();
     if (IsByte(type) && count > maxArraySize_) {
         const uint8_t* bytes = reader.Take(count);
         if (store && policy_ == KEEP_LARGE_ARRAYS) {
             leaf.node = &node;
-            flat.blob_storage.emplace_back(bytes, bytes + count);
-            flat.blob.emplace_back(leaf, Span<uint8_t>(flat.blob_storage.back()));
+            out.flat.blob_storage.emplace_back(bytes, bytes + count);
+            out.flat.blob.emplace_back(leaf, Span<uint8_t>(out.flat.blob_storage.back()));
         }
         return;
     }
@@ -514,22 +422,23 @@ void Parser::DecodeField(const FieldTreeNode& node, Reader& reader, FlatMessage&
     }
     const std::size_t kept =
         count <= maxArraySize_ ? count : (policy_ == KEEP_LARGE_ARRAYS ? maxArraySize_ : std::size_t(0));
+    if (segment.kind == Segment::FIXED_ARRAY) {
+        // The kept elements decoded as one run, the rest skipped at once.
+        const uint8_t* bytes = reader.Take(count * segment.layout->size);
+        if (store) {
+            out.flat.value.AppendRun(*segment.layout, leaf, true, bytes, static_cast<uint32_t>(kept));
+        }
+        return;
+    }
     // Elements of no size carry nothing: those beyond the kept ones need no reading.
     const std::size_t visited = node.minWireSize == 0 ? std::min(count, kept) : count;
     const uint8_t depth = leaf.indexCount++;
-    if (type != STRING && type != OTHER && store) {
-        // Numbers: one tight loop, the rest of the array skipped in one step.
-        Variant value;
-        for (std::size_t i = 0; i < kept; ++i) {
-            SetIndex(leaf, depth, static_cast<uint16_t>(i));
-            ReadNumber(type, reader, value);
-            AppendValue(flat, &node, leaf, value);
-        }
-        reader.Take((count - kept) * node.minWireSize);
-    } else {
-        for (std::size_t i = 0; i < visited; ++i) {
-            SetIndex(leaf, depth, static_cast<uint16_t>(std::min<std::size_t>(i, UINT16_MAX)));
-            DecodeElement(node, type, reader, flat, leaf, store && i < kept);
+    for (std::size_t i = 0; i < visited; ++i) {
+        SetIndex(leaf, depth, static_cast<uint16_t>(std::min<std::size_t>(i, UINT16_MAX)));
+        if (type == STRING) {
+            DecodeText(node, reader, out, leaf, store && i < kept);
+        } else {
+            DecodeMessage(node, reader, out, leaf, store && i < kept);
         }
     }
     leaf.indexCount = depth;
@@ -608,9 +517,11 @@ void FieldTreeLeaf::toStr(std::string& out) const
 void CreateRenamedValues(const FlatMessage& msg, RenamedValues& out)
 {
     out.resize(msg.value.size());
-    for (std::size_t i = 0; i < msg.value.size(); ++i) {
-        msg.value[i].first.toStr(out[i].first);
-        out[i].second = msg.value[i].second.convertToDouble();
+    auto renamed = out.begin();
+    for (const auto& [leaf, value] : msg.value) {
+        leaf.toStr(renamed->first);
+        renamed->second = value.convertToDouble();
+        ++renamed;
     }
 }
 

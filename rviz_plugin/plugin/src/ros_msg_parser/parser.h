@@ -41,56 +41,44 @@ public:
     bool deserializeIntoFlatMsg(Span<uint8_t> buffer, FlatMessage* flat) const;
 
     class Reader;
+    class Output;
 
-    // One number of a fixed-layout element: where it lies in the element's bytes and the array
-    // indices it adds below the element.
-    // The indices of a leaf, all eight 16-bit words in one number (first index lowest).
-    __extension__ typedef unsigned __int128 IndexBits;
-    struct LeafStep {
-        const FieldTreeNode* node = nullptr;
-        BuiltinType type = OTHER;
-        uint32_t offset = 0;
-        uint8_t extraCount = 0;
-        IndexBits extra = 0;
-    };
-    // The numbers of consecutive fields whose bytes have a fixed layout (no strings, no variable
-    // arrays, no arrays that the array limit cuts), decoded in one pass without recursion.
-    struct FixedLayout {
-        std::size_t size = 0;
-        std::vector<LeafStep> steps;
-        // Consecutive steps of one type, decoded by one loop: [first, first + count) of steps.
-        struct Batch {
-            BuiltinType type;
-            uint32_t first;
-            uint32_t count;
-        };
-        std::vector<Batch> batches;
-    };
-    // How one element of a message type is decoded: runs of fixed-layout fields, and in between
-    // the fields that need the general path (run null, field set).
+    // One step of decoding an element of a message type. Nested messages that are not array
+    // elements are decoded in line, so a step is one of:
     struct Segment {
-        std::unique_ptr<FixedLayout> run;
+        enum Kind : uint8_t {
+            FIXED,        // consecutive fixed-layout fields: layout
+            TEXT,         // a string field: field
+            FIXED_ARRAY,  // an array field whose elements have a fixed layout: field, layout of one element
+            ARRAY,        // any other array field (strings, messages with strings or arrays): field
+        };
+        Kind kind = FIXED;
+        std::unique_ptr<FixedLayout> layout;
         const FieldTreeNode* field = nullptr;
+    };
+    // By node id: how one element of that node's message type is decoded (the root has id 0).
+    // Decoded messages keep the layouts alive that their values point into.
+    struct Programs {
+        std::vector<std::vector<Segment>> byNode;
     };
 
 private:
     void BuildPrograms();
-    bool AddFixedLayout(const FieldTreeNode& node, uint8_t depth, std::size_t& offset,
-                        std::array<uint16_t, maxArrayDepth>& indices, FixedLayout& layout) const;
-    void DecodeFixed(const FixedLayout& layout, Reader& reader, FlatMessage& flat, const FieldTreeLeaf& leaf,
-                     bool keep) const;
-    void DecodeElement(const FieldTreeNode& node, BuiltinType type, Reader& reader, FlatMessage& flat,
-                       FieldTreeLeaf& leaf, bool keep) const;
-    void DecodeMessage(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf,
+    void AddFields(const FieldTreeNode& node, std::vector<Segment>& program, std::unique_ptr<FixedLayout>& run,
+                   std::vector<const FieldTreeNode*>& pending) const;
+    bool AddFixedLayout(const FieldTreeNode& node, uint8_t depth, std::array<uint16_t, maxArrayDepth>& indices,
+                        FixedLayout& layout) const;
+    bool AddFixedElement(const FieldTreeNode& node, uint8_t depth, std::array<uint16_t, maxArrayDepth>& indices,
+                         FixedLayout& layout) const;
+    void DecodeMessage(const FieldTreeNode& node, Reader& reader, Output& out, FieldTreeLeaf& leaf,
                        bool keep) const;
-    void DecodeField(const FieldTreeNode& node, Reader& reader, FlatMessage& flat, FieldTreeLeaf& leaf,
+    void DecodeArray(const Segment& segment, Reader& reader, Output& out, FieldTreeLeaf& leaf,
                      bool store) const;
 
     std::shared_ptr<MessageSchema> schema_;
     MaxArrayPolicy policy_ = DISCARD_LARGE_ARRAYS;
     std::size_t maxArraySize_ = 100;
-    // By node id: how one element of that node's message type is decoded (the root has id 0).
-    std::vector<std::vector<Segment>> programs_;
+    std::shared_ptr<const Programs> programs_;
 };
 
 } // namespace RosMsgParser

@@ -48,6 +48,16 @@ public:
         return v;
     }
 
+    // A value from the 64 bits it is kept in: integers widened to 64 bits (signed ones with their
+    // sign), floats as double, times as their two words in wire order.
+    static Variant FromBits(BuiltinType type, uint64_t bits)
+    {
+        Variant v;
+        v.type_ = type;
+        v.unsigned_ = bits;
+        return v;
+    }
+
     BuiltinType getTypeID() const { return type_; }
     // As double; times as seconds with the nanoseconds as fraction. Throws RangeException for a
     // 64-bit integer that the double would change.

@@ -1,0 +1,46 @@
+#ifndef ROS_MSG_PARSER_FIXED_LAYOUT_H
+#define ROS_MSG_PARSER_FIXED_LAYOUT_H
+
+#include "field_tree.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace RosMsgParser {
+
+// The eight 16-bit array indices of a leaf as one number (first index lowest).
+__extension__ typedef unsigned __int128 IndexBits;
+static_assert(sizeof(IndexBits) == sizeof(FieldTreeLeaf::indexArray), "eight 16-bit indices");
+
+// One number of a fixed-layout element: its node and type, where it lies in the element's bytes,
+// and the array indices it adds below the element.
+struct LeafStep {
+    const FieldTreeNode* node = nullptr;
+    BuiltinType type = OTHER;
+    uint32_t offset = 0;
+    uint8_t extraCount = 0;
+    IndexBits extra = 0;
+};
+
+// Bytes whose layout is known in advance (no strings, no variable arrays, no arrays that the array
+// limit cuts): the numbers in them are decoded in one pass without recursion.
+struct FixedLayout {
+    std::size_t size = 0;
+    std::vector<LeafStep> steps;
+    // Consecutive steps of one type, which lie back to back in the bytes: [first, first + count)
+    // of steps, starting at byte offset.
+    struct Batch {
+        BuiltinType type;
+        uint32_t first;
+        uint32_t count;
+        uint32_t offset;
+    };
+    std::vector<Batch> batches;
+
+    // Groups the steps into batches once they are all added.
+    void Finish();
+};
+
+} // namespace RosMsgParser
+
+#endif
