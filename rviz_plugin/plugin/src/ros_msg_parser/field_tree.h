@@ -21,8 +21,6 @@ struct FieldTreeNode {
     std::vector<std::unique_ptr<FieldTreeNode>> children;
     // Fewest bytes one element of this field takes on the wire: bounds the element count of an array.
     std::size_t minWireSize = 0;
-    // Position in the tree, in creation order: indexes per-node tables of the parser.
-    std::size_t id = 0;
 };
 
 // The message types as a tree: the root message, below it one node per field of message type,

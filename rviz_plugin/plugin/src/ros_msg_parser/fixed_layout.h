@@ -39,6 +39,9 @@ struct FixedLayout {
 
     // Groups the steps into batches once they are all added.
     void Finish();
+    // Decodes the numbers of one element at element into out, one 64-bit word each as Variant
+    // keeps them (integers widened, floats as double, times as their two words).
+    void Decode(const uint8_t* element, uint64_t* out) const;
 };
 
 } // namespace RosMsgParser

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <memory>
 #include <utility>
@@ -59,15 +60,51 @@ public:
     const void* layouts() const { return layouts_.get(); }
     void holdLayouts(std::shared_ptr<const void> layouts) { layouts_ = std::move(layouts); }
 
-    // Decodes elements elements of layout, lying back to back from bytes, below the indices of
-    // leaf. With indexed each element is an array element and adds its index at the leaf's depth.
-    void AppendRun(const FixedLayout& layout, const FieldTreeLeaf& leaf, bool indexed, const uint8_t* bytes,
-                   uint32_t elements);
+    // Starts a run: the values appended next take their leaves from steps, elements times over,
+    // below the indices of leaf. With indexed each element is an array element and adds its index
+    // at the leaf's depth. A run may stay short of its values when decoding stops at an error.
+    void BeginRun(const std::vector<LeafStep>& steps, const FieldTreeLeaf& leaf, bool indexed, uint32_t elements)
+    {
+        if (steps.empty() || elements == 0) {
+            return;
+        }
+        // Only the leaf's own indices: deeper words may hold indices of an earlier array.
+        IndexBits prefix = 0;
+        if (leaf.indexCount > 0) {
+            std::memcpy(&prefix, leaf.indexArray.data(), sizeof(prefix));
+            const unsigned shift = 16U * leaf.indexCount;
+            if (shift < 128) {
+                prefix &= (IndexBits(1) << shift) - 1;
+            }
+        }
+        // Filled in place: a record assembled on the stack and copied would be read back as a
+        // whole right after its narrow stores, which stalls store forwarding.
+        Run& run = runs_.emplace_back();
+        run.steps = steps.data();
+        run.prefix = prefix;
+        run.stepCount = static_cast<uint32_t>(steps.size());
+        run.elements = elements;
+        run.depth = leaf.indexCount;
+        run.indexed = indexed;
+    }
+
+    // Decodes the numbers of elements elements of layout lying back to back from bytes, as the next
+    // values of the current run.
+    void Decode(const FixedLayout& layout, const uint8_t* bytes, uint32_t elements)
+    {
+        const std::size_t perElement = layout.steps.size();
+        uint64_t* out = Grow(perElement * elements);
+        for (uint32_t element = 0; element < elements; ++element) {
+            layout.Decode(bytes + element * layout.size, out + element * perElement);
+        }
+    }
 
 private:
     struct Run {
-        const FixedLayout* layout;
+        Run() {}  // filled in place, field by field: no zeroing first
+        const LeafStep* steps;
         IndexBits prefix;
+        uint32_t stepCount;
         uint32_t elements;
         uint8_t depth;
         bool indexed;

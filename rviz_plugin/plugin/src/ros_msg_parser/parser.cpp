@@ -51,7 +51,6 @@ public:
                 continue;
             }
             auto child = std::make_unique<FieldTreeNode>();
-            child->id = nextId++;
             child->name = field.name();
             child->field = &field;
             child->parent = &node;
@@ -116,7 +115,6 @@ private:
     }
 
     const RosMessageLibrary& library;
-    std::size_t nextId = 1;
     std::set<std::string> path;
     std::map<const ROSMessage*, std::size_t> minSizes;
 };
@@ -167,14 +165,19 @@ public:
     Output& operator=(const Output&) = delete;
     ~Output() { flat.name.erase(flat.name.begin() + static_cast<std::ptrdiff_t>(texts), flat.name.end()); }
 
-    void AddText(const FieldTreeLeaf& leaf, const char* text, std::size_t length)
+    // The text of field node, below the array indices of leaf. The leaf is copied field by field:
+    // a whole copy would read back in wide words what was written in narrower ones, which stalls.
+    void AddText(const FieldTreeNode& node, const FieldTreeLeaf& leaf, const char* text, std::size_t length)
     {
         if (texts < flat.name.size()) {
             auto& entry = flat.name[texts];
-            entry.first = leaf;
+            entry.first.node = &node;
+            entry.first.indexArray = leaf.indexArray;
+            entry.first.indexCount = leaf.indexCount;
             entry.second.assign(text, length);
         } else {
-            flat.name.emplace_back(std::piecewise_construct, std::forward_as_tuple(leaf),
+            flat.name.emplace_back(std::piecewise_construct,
+                                   std::forward_as_tuple(&node, leaf.indexArray, leaf.indexCount),
                                    std::forward_as_tuple(text, length));
         }
         ++texts;
@@ -218,35 +221,57 @@ void CloseRun(std::vector<Segment>& program, std::unique_ptr<FixedLayout>& run)
 {
     if (run != nullptr && !run->steps.empty()) {
         run->Finish();
-        program.push_back({Segment::FIXED, std::move(run), nullptr});
+        program.push_back({Segment::FIXED, std::move(run), nullptr, {}, nullptr});
     }
     run.reset();
+}
+
+
+// Gives the first of each group of FIXED steps that only TEXT steps separate the leaves of the group.
+void GroupRuns(std::vector<Segment>& program)
+{
+    std::size_t first = program.size();
+    for (std::size_t index = 0; index < program.size(); ++index) {
+        switch (program[index].kind) {
+        case Segment::FIXED:
+            if (first == program.size()) {
+                first = index;
+            }
+            program[first].runSteps.insert(program[first].runSteps.end(), program[index].layout->steps.begin(),
+                                           program[index].layout->steps.end());
+            break;
+        case Segment::TEXT:
+            break;
+        case Segment::FIXED_ARRAY:
+        case Segment::ARRAY:
+            first = program.size();
+            break;
+        }
+    }
 }
 } // namespace
 
 void Parser::BuildPrograms()
 {
-    // Programs are needed for the root and for elements of message arrays; a nested message that is
-    // not an array element is decoded in line, as part of its parent's program.
     auto programs = std::make_shared<Programs>();
-    std::vector<const FieldTreeNode*> pending{schema_->fieldTree.get()};
-    while (!pending.empty()) {
-        const FieldTreeNode* node = pending.back();
-        pending.pop_back();
-        std::vector<Segment> program;
-        std::unique_ptr<FixedLayout> run;
-        AddFields(*node, program, run, pending);
-        CloseRun(program, run);
-        if (programs->byNode.size() <= node->id) {
-            programs->byNode.resize(node->id + 1);
-        }
-        programs->byNode[node->id] = std::move(program);
-    }
+    programs->root = BuildProgram(*schema_->fieldTree, *programs);
     programs_ = std::move(programs);
 }
 
-void Parser::AddFields(const FieldTreeNode& node, std::vector<Segment>& program, std::unique_ptr<FixedLayout>& run,
-                       std::vector<const FieldTreeNode*>& pending) const
+// A nested message that is not an array element is decoded in line, as part of its parent's program.
+const Parser::Program* Parser::BuildProgram(const FieldTreeNode& node, Programs& programs) const
+{
+    auto program = std::make_unique<Program>();
+    std::unique_ptr<FixedLayout> run;
+    AddFields(node, *program, run, programs);
+    CloseRun(*program, run);
+    GroupRuns(*program);
+    programs.all.push_back(std::move(program));
+    return programs.all.back().get();
+}
+
+void Parser::AddFields(const FieldTreeNode& node, Program& program, std::unique_ptr<FixedLayout>& run,
+                       Programs& programs) const
 {
     for (const auto& child : node.children) {
         const ROSField& field = *child->field;
@@ -265,11 +290,11 @@ void Parser::AddFields(const FieldTreeNode& node, std::vector<Segment>& program,
             continue;
         }
         if (message && !field.isArray()) {
-            AddFields(*child, program, run, pending);
+            AddFields(*child, program, run, programs);
             continue;
         }
         CloseRun(program, run);
-        Segment segment{field.isArray() ? Segment::ARRAY : Segment::TEXT, nullptr, child.get()};
+        Segment segment{field.isArray() ? Segment::ARRAY : Segment::TEXT, nullptr, child.get(), {}, nullptr};
         if (field.isArray() && field.type().typeID() != STRING) {
             auto element = std::make_unique<FixedLayout>();
             indices.fill(0);
@@ -278,7 +303,7 @@ void Parser::AddFields(const FieldTreeNode& node, std::vector<Segment>& program,
                 segment.kind = Segment::FIXED_ARRAY;
                 segment.layout = std::move(element);
             } else if (message) {
-                pending.push_back(child.get());
+                segment.program = BuildProgram(*child, programs);
             }
         }
         program.push_back(std::move(segment));
@@ -345,7 +370,7 @@ bool Parser::deserializeIntoFlatMsg(Span<uint8_t> buffer, FlatMessage* flat) con
     Reader reader(buffer);
     Output out(*flat);
     FieldTreeLeaf leaf;
-    DecodeMessage(*schema_->fieldTree, reader, out, leaf, true);
+    DecodeMessage(*programs_->root, reader, out, leaf, true);
     return true;
 }
 
@@ -361,30 +386,29 @@ inline void SetIndex(FieldTreeLeaf& leaf, uint8_t depth, uint16_t index)
     std::memcpy(leaf.indexArray.data(), &bits, sizeof(bits));
 }
 
-inline void DecodeText(const FieldTreeNode& node, Parser::Reader& reader, Parser::Output& out, FieldTreeLeaf& leaf,
-                       bool keep)
+inline void DecodeText(const FieldTreeNode& node, Parser::Reader& reader, Parser::Output& out,
+                       const FieldTreeLeaf& leaf, bool keep)
 {
     const uint32_t length = reader.Read<uint32_t>();
     const char* text = reinterpret_cast<const char*>(reader.Take(length));
     if (keep) {
-        leaf.node = &node;
-        out.AddText(leaf, text, length);
+        out.AddText(node, leaf, text, length);
     }
 }
 } // namespace
 
-void Parser::DecodeMessage(const FieldTreeNode& node, Reader& reader, Output& out, FieldTreeLeaf& leaf,
+void Parser::DecodeMessage(const Program& program, Reader& reader, Output& out, FieldTreeLeaf& leaf,
                            bool keep) const
 {
-    if (node.id >= programs_->byNode.size()) {
-        return;
-    }
-    for (const Segment& segment : programs_->byNode[node.id]) {
+    for (const Segment& segment : program) {
         switch (segment.kind) {
         case Segment::FIXED: {
             const uint8_t* bytes = reader.Take(segment.layout->size);
             if (keep) {
-                out.flat.value.AppendRun(*segment.layout, leaf, false, bytes, 1);
+                if (!segment.runSteps.empty()) {
+                    out.flat.value.BeginRun(segment.runSteps, leaf, false, 1);
+                }
+                out.flat.value.Decode(*segment.layout, bytes, 1);
             }
             break;
         }
@@ -410,9 +434,10 @@ void Parser::DecodeArray(const Segment& segment, Reader& reader, Output& out, Fi
     if (IsByte(type) && count > maxArraySize_) {
         const uint8_t* bytes = reader.Take(count);
         if (store && policy_ == KEEP_LARGE_ARRAYS) {
-            leaf.node = &node;
             out.flat.blob_storage.emplace_back(bytes, bytes + count);
-            out.flat.blob.emplace_back(leaf, Span<uint8_t>(out.flat.blob_storage.back()));
+            out.flat.blob.emplace_back(std::piecewise_construct,
+                                       std::forward_as_tuple(&node, leaf.indexArray, leaf.indexCount),
+                                       std::forward_as_tuple(out.flat.blob_storage.back()));
         }
         return;
     }
@@ -426,7 +451,8 @@ void Parser::DecodeArray(const Segment& segment, Reader& reader, Output& out, Fi
         // The kept elements decoded as one run, the rest skipped at once.
         const uint8_t* bytes = reader.Take(count * segment.layout->size);
         if (store) {
-            out.flat.value.AppendRun(*segment.layout, leaf, true, bytes, static_cast<uint32_t>(kept));
+            out.flat.value.BeginRun(segment.layout->steps, leaf, true, static_cast<uint32_t>(kept));
+            out.flat.value.Decode(*segment.layout, bytes, static_cast<uint32_t>(kept));
         }
         return;
     }
@@ -438,7 +464,7 @@ void Parser::DecodeArray(const Segment& segment, Reader& reader, Output& out, Fi
         if (type == STRING) {
             DecodeText(node, reader, out, leaf, store && i < kept);
         } else {
-            DecodeMessage(node, reader, out, leaf, store && i < kept);
+            DecodeMessage(*segment.program, reader, out, leaf, store && i < kept);
         }
     }
     leaf.indexCount = depth;

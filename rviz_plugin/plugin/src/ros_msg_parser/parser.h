@@ -55,22 +55,31 @@ public:
         Kind kind = FIXED;
         std::unique_ptr<FixedLayout> layout;
         const FieldTreeNode* field = nullptr;
+        // On the first FIXED step of those that only TEXT steps separate: the leaves of all of
+        // them. Their numbers follow each other in the flat values and form one run.
+        std::vector<LeafStep> runSteps;
+        // ARRAY of messages: how one element is decoded.
+        const std::vector<Segment>* program = nullptr;
     };
-    // By node id: how one element of that node's message type is decoded (the root has id 0).
-    // Decoded messages keep the layouts alive that their values point into.
+    // How one element of a message type is decoded.
+    using Program = std::vector<Segment>;
+    // The programs of the root message and of the message arrays in it. Decoded messages keep them
+    // alive: their values point into the layouts.
     struct Programs {
-        std::vector<std::vector<Segment>> byNode;
+        std::vector<std::unique_ptr<Program>> all;
+        const Program* root = nullptr;
     };
 
 private:
     void BuildPrograms();
-    void AddFields(const FieldTreeNode& node, std::vector<Segment>& program, std::unique_ptr<FixedLayout>& run,
-                   std::vector<const FieldTreeNode*>& pending) const;
+    const Program* BuildProgram(const FieldTreeNode& node, Programs& programs) const;
+    void AddFields(const FieldTreeNode& node, Program& program, std::unique_ptr<FixedLayout>& run,
+                   Programs& programs) const;
     bool AddFixedLayout(const FieldTreeNode& node, uint8_t depth, std::array<uint16_t, maxArrayDepth>& indices,
                         FixedLayout& layout) const;
     bool AddFixedElement(const FieldTreeNode& node, uint8_t depth, std::array<uint16_t, maxArrayDepth>& indices,
                          FixedLayout& layout) const;
-    void DecodeMessage(const FieldTreeNode& node, Reader& reader, Output& out, FieldTreeLeaf& leaf,
+    void DecodeMessage(const Program& program, Reader& reader, Output& out, FieldTreeLeaf& leaf,
                        bool keep) const;
     void DecodeArray(const Segment& segment, Reader& reader, Output& out, FieldTreeLeaf& leaf,
                      bool store) const;

@@ -188,6 +188,85 @@ TEST(RosMsgParser, ArrayCutAndPolicyLimits)
     }
 }
 
+TEST(RosMsgParser, CutArraysOfFixedLayoutElementsKeepTheirFirstElementsAndWhatFollows)
+{
+    visualization_msgs::Marker marker;
+    marker.header = Header(9);
+    marker.points.resize(150);
+    for (std::size_t i = 0; i < marker.points.size(); ++i) {
+        marker.points[i].x = static_cast<double>(i);
+    }
+    marker.colors.resize(3);
+    marker.colors[2].g = 0.5F;
+    marker.text = "after";
+    marker.mesh_use_embedded_materials = true;
+    const Decoded kept = Decode(marker, "/m", Parser::KEEP_LARGE_ARRAYS, 100);
+    EXPECT_DOUBLE_EQ(kept.numbers.at("/m/points.99/x"), 99);
+    EXPECT_EQ(kept.numbers.count("/m/points.100/x"), 0U);
+    EXPECT_DOUBLE_EQ(kept.numbers.at("/m/colors.2/g"), 0.5);
+    EXPECT_EQ(kept.texts.at("/m/text"), "after");
+    EXPECT_DOUBLE_EQ(kept.numbers.at("/m/mesh_use_embedded_materials"), 1);
+    const Decoded dropped = Decode(marker, "/m", Parser::DISCARD_LARGE_ARRAYS, 100);
+    EXPECT_EQ(dropped.numbers.count("/m/points.0/x"), 0U);
+    EXPECT_DOUBLE_EQ(dropped.numbers.at("/m/colors.2/g"), 0.5);
+    EXPECT_DOUBLE_EQ(dropped.numbers.at("/m/mesh_use_embedded_materials"), 1);
+
+    // Number arrays, variable and fixed, are cut the same way.
+    sensor_msgs::CameraInfo info;
+    info.D.assign(150, 0.25);
+    info.D[99] = 9.5;
+    info.K[2] = 320;
+    info.K[3] = 7;
+    const Decoded camera = Decode(info, "/info", Parser::KEEP_LARGE_ARRAYS, 3);
+    EXPECT_DOUBLE_EQ(camera.numbers.at("/info/D.2"), 0.25);
+    EXPECT_EQ(camera.numbers.count("/info/D.3"), 0U);
+    EXPECT_DOUBLE_EQ(camera.numbers.at("/info/K.2"), 320);
+    EXPECT_EQ(camera.numbers.count("/info/K.3"), 0U);
+    EXPECT_DOUBLE_EQ(Decode(info, "/info").numbers.at("/info/D.99"), 9.5);
+}
+
+TEST(RosMsgParser, DecodedMessagesOutliveTheirParserAndKeepWhatCameBeforeAnError)
+{
+    FlatMessage flat;
+    RosMsgParser::RenamedValues before;
+    {
+        Parser parser = MakeParser<sensor_msgs::Imu>("/imu");
+        sensor_msgs::Imu imu;
+        imu.header = Header(4);
+        imu.linear_acceleration_covariance[8] = 6.5;
+        parser.deserializeIntoFlatMsg(Span<uint8_t>(Serialize(imu)), &flat);
+        RosMsgParser::CreateRenamedValues(flat, before);
+        parser.setMaxArrayPolicy(Parser::KEEP_LARGE_ARRAYS, 5);  // the parser rebuilds how it decodes
+    }
+    RosMsgParser::RenamedValues after;
+    RosMsgParser::CreateRenamedValues(flat, after);
+    EXPECT_EQ(after, before);
+    ASSERT_EQ(after.size(), 39U);
+    EXPECT_EQ(after.back(), (std::pair<std::string, double>("/imu/linear_acceleration_covariance.8", 6.5)));
+
+    // Two markers with four texts each; the second one cut short after its numbers.
+    Parser parser = MakeParser<visualization_msgs::MarkerArray>("/markers");
+    visualization_msgs::MarkerArray markers;
+    markers.markers.resize(2);
+    markers.markers[0].ns = "first";
+    markers.markers[1].ns = "second";
+    markers.markers[1].frame_locked = true;
+    const std::vector<uint8_t> bytes = Serialize(markers);
+    parser.deserializeIntoFlatMsg(Span<uint8_t>(bytes), &flat);
+    EXPECT_EQ(flat.name.size(), 8U);
+    // The last 17 bytes of a marker without points and colours: both counts, two empty texts, a bool.
+    const std::vector<uint8_t> cut(bytes.begin(), bytes.end() - 10);
+    EXPECT_THROW(parser.deserializeIntoFlatMsg(Span<uint8_t>(cut), &flat), RosMsgParser::DeserializeError);
+    ASSERT_EQ(flat.name.size(), 6U);
+    EXPECT_EQ(flat.name.back().second, "second");
+    RosMsgParser::RenamedValues partial;
+    RosMsgParser::CreateRenamedValues(flat, partial);
+    ASSERT_FALSE(partial.empty());
+    EXPECT_EQ(partial.back(), (std::pair<std::string, double>("/markers/markers.1/frame_locked", 1)));
+    parser.deserializeIntoFlatMsg(Span<uint8_t>(bytes), &flat);
+    EXPECT_EQ(flat.name.size(), 8U);
+}
+
 TEST(RosMsgParser, CameraInfoOdometryAndTransforms)
 {
     sensor_msgs::CameraInfo info;
