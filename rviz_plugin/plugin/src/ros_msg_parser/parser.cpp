@@ -1,7 +1,9 @@
 #include "parser.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstring>
+#include <limits>
 #include <map>
 #include <set>
 #include <tuple>
@@ -514,6 +516,28 @@ double Variant::convertToDouble() const
     throw RangeException("not a number");
 }
 
+namespace {
+// Appends one node of a path: "/name" (the root: its name alone), and ".index" for an array element.
+void AppendNode(std::string& out, const FieldTreeNode& node, const uint16_t* index)
+{
+    if (node.field != nullptr) {
+        out += '/';
+    }
+    out += node.name;
+    if (index != nullptr) {
+        char digits[8];
+        const auto end = std::to_chars(digits, digits + sizeof(digits), *index).ptr;
+        out += '.';
+        out.append(digits, end);
+    }
+}
+
+bool IsArray(const FieldTreeNode& node)
+{
+    return node.field != nullptr && node.field->isArray();
+}
+} // namespace
+
 void FieldTreeLeaf::toStr(std::string& out) const
 {
     out.clear();
@@ -528,24 +552,43 @@ void FieldTreeLeaf::toStr(std::string& out) const
     }
     std::size_t index = 0;
     for (std::size_t i = length; i-- > 0;) {
-        const FieldTreeNode* current = chain[i];
-        if (current->field != nullptr) {
-            out += '/';
-        }
-        out += current->name;
-        if (current->field != nullptr && current->field->isArray() && index < indexCount) {
-            out += '.';
-            out += std::to_string(indexArray[index++]);
-        }
+        const bool indexed = IsArray(*chain[i]) && index < indexCount;
+        AppendNode(out, *chain[i], indexed ? &indexArray[index++] : nullptr);
     }
 }
 
 void CreateRenamedValues(const FlatMessage& msg, RenamedValues& out)
 {
     out.resize(msg.value.size());
+    // Neighbouring values mostly share the path of their parent: it is built once for them, and
+    // each value's path is put together in one buffer and assigned at once.
+    FieldTreeLeaf parent;
+    parent.indexCount = UINT8_MAX;
+    std::string parentPath;
+    std::vector<char> path;
     auto renamed = out.begin();
     for (const auto& [leaf, value] : msg.value) {
-        leaf.toStr(renamed->first);
+        const FieldTreeNode& node = *leaf.node;
+        const bool indexed = IsArray(node) && leaf.indexCount > 0;
+        const uint8_t above = static_cast<uint8_t>(leaf.indexCount - (indexed ? 1 : 0));
+        if (node.parent != parent.node || above != parent.indexCount ||
+            !std::equal(leaf.indexArray.begin(), leaf.indexArray.begin() + above, parent.indexArray.begin())) {
+            parent = FieldTreeLeaf(node.parent, leaf.indexArray, above);
+            parent.toStr(parentPath);
+            path.assign(parentPath.begin(), parentPath.end());
+            path.push_back('/');
+        }
+        const std::size_t prefix = parentPath.size() + 1;
+        const std::size_t longest = prefix + node.name.size() + 1 + std::numeric_limits<uint16_t>::digits10 + 1;
+        if (path.size() < longest) {
+            path.resize(longest);
+        }
+        char* end = std::copy(node.name.begin(), node.name.end(), path.data() + prefix);
+        if (indexed) {
+            *end++ = '.';
+            end = std::to_chars(end, path.data() + path.size(), leaf.indexArray[above]).ptr;
+        }
+        renamed->first.assign(path.data(), static_cast<std::size_t>(end - path.data()));
         renamed->second = value.convertToDouble();
         ++renamed;
     }

@@ -55,6 +55,11 @@ Decoded Decode(const T& message, const std::string& topic = "/t",
     parser.deserializeIntoFlatMsg(Span<uint8_t>(bytes), &flat);
     RosMsgParser::RenamedValues values;
     RosMsgParser::CreateRenamedValues(flat, values);
+    // The names built together, sharing their parents' paths, equal those built one by one.
+    std::size_t index = 0;
+    for (const auto& [leaf, number] : flat.value) {
+        EXPECT_EQ(values.at(index++).first, leaf.toStdString());
+    }
     Decoded decoded;
     decoded.numberCount = values.size();
     for (const auto& [path, value] : values) {
