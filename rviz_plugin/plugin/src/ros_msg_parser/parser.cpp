@@ -176,7 +176,10 @@ public:
             entry.first.node = &node;
             entry.first.indexArray = leaf.indexArray;
             entry.first.indexCount = leaf.indexCount;
-            entry.second.assign(text, length);
+            // Texts such as frame ids mostly repeat message after message.
+            if (entry.second.size() != length || std::memcmp(entry.second.data(), text, length) != 0) {
+                entry.second.assign(text, length);
+            }
         } else {
             flat.name.emplace_back(std::piecewise_construct,
                                    std::forward_as_tuple(&node, leaf.indexArray, leaf.indexCount),
@@ -588,7 +591,11 @@ void CreateRenamedValues(const FlatMessage& msg, RenamedValues& out)
             *end++ = '.';
             end = std::to_chars(end, path.data() + path.size(), leaf.indexArray[above]).ptr;
         }
-        renamed->first.assign(path.data(), static_cast<std::size_t>(end - path.data()));
+        // A topic's paths mostly repeat message after message: an unchanged one is left as it is.
+        const std::size_t length = static_cast<std::size_t>(end - path.data());
+        if (renamed->first.size() != length || std::memcmp(renamed->first.data(), path.data(), length) != 0) {
+            renamed->first.assign(path.data(), length);
+        }
         renamed->second = value.convertToDouble();
         ++renamed;
     }
