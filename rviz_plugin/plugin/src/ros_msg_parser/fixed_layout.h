@@ -4,6 +4,7 @@
 #include "field_tree.h"
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace RosMsgParser {
@@ -13,13 +14,15 @@ __extension__ typedef unsigned __int128 IndexBits;
 static_assert(sizeof(IndexBits) == sizeof(FieldTreeLeaf::indexArray), "eight 16-bit indices");
 
 // One number of a fixed-layout element: its node and type, where it lies in the element's bytes,
-// and the array indices it adds below the element.
+// the array indices it adds below the element, and its path below the element ("/orientation/x",
+// "/xy.1"; empty for an element that is a number itself).
 struct LeafStep {
     const FieldTreeNode* node = nullptr;
     BuiltinType type = OTHER;
     uint32_t offset = 0;
     uint8_t extraCount = 0;
     IndexBits extra = 0;
+    std::string suffix;
 };
 
 // Bytes whose layout is known in advance (no strings, no variable arrays, no arrays that the array

@@ -8,12 +8,8 @@ FlatValues::value_type FlatValues::const_iterator::operator*() const
 {
     const Run& run = values_->runs_[run_];
     const LeafStep& step = run.steps[step_];
-    IndexBits bits = run.prefix;
-    unsigned depth = run.depth;
-    if (run.indexed) {
-        bits |= IndexBits(element_) << (16U * depth);
-        ++depth;
-    }
+    IndexBits bits = run.ElementIndices(element_);
+    const unsigned depth = run.ElementDepth();
     if (step.extraCount > 0) {
         bits |= step.extra << (16U * depth);
     }

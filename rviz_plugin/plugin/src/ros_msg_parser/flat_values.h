@@ -61,9 +61,10 @@ public:
     void holdLayouts(std::shared_ptr<const void> layouts) { layouts_ = std::move(layouts); }
 
     // Starts a run: the values appended next take their leaves from steps, elements times over,
-    // below the indices of leaf. With indexed each element is an array element and adds its index
-    // at the leaf's depth. A run may stay short of its values when decoding stops at an error.
-    void BeginRun(const std::vector<LeafStep>& steps, const FieldTreeLeaf& leaf, bool indexed, uint32_t elements)
+    // below base with the indices of leaf. With indexed base is an array and each element adds its
+    // index at the leaf's depth. A run may stay short of its values when decoding stops at an error.
+    void BeginRun(const std::vector<LeafStep>& steps, const FieldTreeNode& base, const FieldTreeLeaf& leaf,
+                  bool indexed, uint32_t elements)
     {
         if (steps.empty() || elements == 0) {
             return;
@@ -81,11 +82,33 @@ public:
         // whole right after its narrow stores, which stalls store forwarding.
         Run& run = runs_.emplace_back();
         run.steps = steps.data();
+        run.base = &base;
         run.prefix = prefix;
         run.stepCount = static_cast<uint32_t>(steps.size());
         run.elements = elements;
         run.depth = leaf.indexCount;
         run.indexed = indexed;
+    }
+
+    // Calls visit(base, steps, words, count) for each element of each run: base is the leaf of the
+    // element (the message or array element that the steps' paths start from), words the values of
+    // its first count steps (all but at the end of a run cut short by an error).
+    template <typename Visit>
+    void ForEachElement(Visit&& visit) const
+    {
+        std::size_t word = 0;
+        for (const Run& run : runs_) {
+            FieldTreeLeaf base;
+            base.node = run.base;
+            for (uint32_t element = 0; element < run.elements && word < count_; ++element) {
+                const IndexBits bits = run.ElementIndices(element);
+                std::memcpy(base.indexArray.data(), &bits, sizeof(bits));
+                base.indexCount = run.ElementDepth();
+                const std::size_t count = std::min<std::size_t>(run.stepCount, count_ - word);
+                visit(static_cast<const FieldTreeLeaf&>(base), run.steps, words_.data() + word, count);
+                word += count;
+            }
+        }
     }
 
     // Decodes the numbers of elements elements of layout lying back to back from bytes, as the next
@@ -103,11 +126,19 @@ private:
     struct Run {
         Run() {}  // filled in place, field by field: no zeroing first
         const LeafStep* steps;
+        const FieldTreeNode* base;
         IndexBits prefix;
         uint32_t stepCount;
         uint32_t elements;
         uint8_t depth;
         bool indexed;
+
+        // The indices of one element: the prefix, and the element's own index in an array.
+        IndexBits ElementIndices(uint32_t element) const
+        {
+            return indexed ? prefix | (IndexBits(element) << (16U * depth)) : prefix;
+        }
+        uint8_t ElementDepth() const { return static_cast<uint8_t>(depth + (indexed ? 1 : 0)); }
     };
 
     // Room for count more values, kept for later messages.

@@ -219,9 +219,9 @@ void Parser::setMaxArrayPolicy(MaxArrayPolicy policy, std::size_t maxArraySize)
 }
 
 namespace {
-// Ends the run of fixed-layout fields being collected, if any.
 using Segment = Parser::Segment;
 
+// Ends the run of fixed-layout fields being collected, if any.
 void CloseRun(std::vector<Segment>& program, std::unique_ptr<FixedLayout>& run)
 {
     if (run != nullptr && !run->steps.empty()) {
@@ -231,6 +231,54 @@ void CloseRun(std::vector<Segment>& program, std::unique_ptr<FixedLayout>& run)
     run.reset();
 }
 
+// Appends one node of a path: "/name" (the root: its name alone), and ".index" for an array element.
+void AppendNode(std::string& out, const FieldTreeNode& node, const uint16_t* index)
+{
+    if (node.field != nullptr) {
+        out += '/';
+    }
+    out += node.name;
+    if (index != nullptr) {
+        char digits[8];
+        const auto end = std::to_chars(digits, digits + sizeof(digits), *index).ptr;
+        out += '.';
+        out.append(digits, end);
+    }
+}
+
+bool IsArray(const FieldTreeNode& node)
+{
+    return node.field != nullptr && node.field->isArray();
+}
+
+// Appends the path from below top (the root when null) down to leaf, each array on the way taking
+// the next of count indices.
+void AppendPath(std::string& out, const FieldTreeNode* top, const FieldTreeNode& leaf, const uint16_t* indices,
+                std::size_t count)
+{
+    std::array<const FieldTreeNode*, 64> chain{};
+    std::size_t length = 0;
+    for (const FieldTreeNode* node = &leaf; node != nullptr && node != top && length < chain.size();
+         node = node->parent) {
+        chain[length++] = node;
+    }
+    std::size_t index = 0;
+    for (std::size_t i = length; i-- > 0;) {
+        const bool indexed = IsArray(*chain[i]) && index < count;
+        AppendNode(out, *chain[i], indexed ? &indices[index++] : nullptr);
+    }
+}
+
+// Gives each step its path below base, with its own indices.
+void SetSuffixes(const FieldTreeNode& base, FixedLayout& layout)
+{
+    for (LeafStep& step : layout.steps) {
+        std::array<uint16_t, maxArrayDepth> indices{};
+        std::memcpy(indices.data(), &step.extra, sizeof(step.extra));
+        step.suffix.clear();
+        AppendPath(step.suffix, &base, *step.node, indices.data(), step.extraCount);
+    }
+}
 
 // Gives the first of each group of FIXED steps that only TEXT steps separate the leaves of the group.
 void GroupRuns(std::vector<Segment>& program)
@@ -267,15 +315,22 @@ void Parser::BuildPrograms()
 const Parser::Program* Parser::BuildProgram(const FieldTreeNode& node, Programs& programs) const
 {
     auto program = std::make_unique<Program>();
+    program->message = &node;
     std::unique_ptr<FixedLayout> run;
-    AddFields(node, *program, run, programs);
-    CloseRun(*program, run);
-    GroupRuns(*program);
+    AddFields(node, program->segments, run, programs);
+    CloseRun(program->segments, run);
+    // Paths of fixed fields start at this message; those of array elements at their array.
+    for (Segment& segment : program->segments) {
+        if (segment.layout != nullptr) {
+            SetSuffixes(segment.kind == Segment::FIXED ? node : *segment.field, *segment.layout);
+        }
+    }
+    GroupRuns(program->segments);
     programs.all.push_back(std::move(program));
     return programs.all.back().get();
 }
 
-void Parser::AddFields(const FieldTreeNode& node, Program& program, std::unique_ptr<FixedLayout>& run,
+void Parser::AddFields(const FieldTreeNode& node, std::vector<Segment>& program, std::unique_ptr<FixedLayout>& run,
                        Programs& programs) const
 {
     for (const auto& child : node.children) {
@@ -405,13 +460,13 @@ inline void DecodeText(const FieldTreeNode& node, Parser::Reader& reader, Parser
 void Parser::DecodeMessage(const Program& program, Reader& reader, Output& out, FieldTreeLeaf& leaf,
                            bool keep) const
 {
-    for (const Segment& segment : program) {
+    for (const Segment& segment : program.segments) {
         switch (segment.kind) {
         case Segment::FIXED: {
             const uint8_t* bytes = reader.Take(segment.layout->size);
             if (keep) {
                 if (!segment.runSteps.empty()) {
-                    out.flat.value.BeginRun(segment.runSteps, leaf, false, 1);
+                    out.flat.value.BeginRun(segment.runSteps, *program.message, leaf, false, 1);
                 }
                 out.flat.value.Decode(*segment.layout, bytes, 1);
             }
@@ -456,7 +511,7 @@ void Parser::DecodeArray(const Segment& segment, Reader& reader, Output& out, Fi
         // The kept elements decoded as one run, the rest skipped at once.
         const uint8_t* bytes = reader.Take(count * segment.layout->size);
         if (store) {
-            out.flat.value.BeginRun(segment.layout->steps, leaf, true, static_cast<uint32_t>(kept));
+            out.flat.value.BeginRun(segment.layout->steps, node, leaf, true, static_cast<uint32_t>(kept));
             out.flat.value.Decode(*segment.layout, bytes, static_cast<uint32_t>(kept));
         }
         return;
@@ -519,86 +574,36 @@ double Variant::convertToDouble() const
     throw RangeException("not a number");
 }
 
-namespace {
-// Appends one node of a path: "/name" (the root: its name alone), and ".index" for an array element.
-void AppendNode(std::string& out, const FieldTreeNode& node, const uint16_t* index)
-{
-    if (node.field != nullptr) {
-        out += '/';
-    }
-    out += node.name;
-    if (index != nullptr) {
-        char digits[8];
-        const auto end = std::to_chars(digits, digits + sizeof(digits), *index).ptr;
-        out += '.';
-        out.append(digits, end);
-    }
-}
-
-bool IsArray(const FieldTreeNode& node)
-{
-    return node.field != nullptr && node.field->isArray();
-}
-} // namespace
 
 void FieldTreeLeaf::toStr(std::string& out) const
 {
     out.clear();
-    if (node == nullptr) {
-        return;
-    }
-    std::array<const FieldTreeNode*, 64> chain{};
-    std::size_t length = 0;
-    for (const FieldTreeNode* current = node; current != nullptr && length < chain.size();
-         current = current->parent) {
-        chain[length++] = current;
-    }
-    std::size_t index = 0;
-    for (std::size_t i = length; i-- > 0;) {
-        const bool indexed = IsArray(*chain[i]) && index < indexCount;
-        AppendNode(out, *chain[i], indexed ? &indexArray[index++] : nullptr);
+    if (node != nullptr) {
+        AppendPath(out, nullptr, *node, indexArray.data(), indexCount);
     }
 }
 
 void CreateRenamedValues(const FlatMessage& msg, RenamedValues& out)
 {
     out.resize(msg.value.size());
-    // Neighbouring values mostly share the path of their parent: it is built once for them, and
-    // each value's path is put together in one buffer and assigned at once.
-    FieldTreeLeaf parent;
-    parent.indexCount = UINT8_MAX;
-    std::string parentPath;
-    std::vector<char> path;
+    // Each path is the path of its element (built once per element) and the step's own suffix. A
+    // topic's paths mostly repeat message after message: an unchanged one is left as it is.
+    std::string basePath;
     auto renamed = out.begin();
-    for (const auto& [leaf, value] : msg.value) {
-        const FieldTreeNode& node = *leaf.node;
-        const bool indexed = IsArray(node) && leaf.indexCount > 0;
-        const uint8_t above = static_cast<uint8_t>(leaf.indexCount - (indexed ? 1 : 0));
-        if (node.parent != parent.node || above != parent.indexCount ||
-            !std::equal(leaf.indexArray.begin(), leaf.indexArray.begin() + above, parent.indexArray.begin())) {
-            parent = FieldTreeLeaf(node.parent, leaf.indexArray, above);
-            parent.toStr(parentPath);
-            path.assign(parentPath.begin(), parentPath.end());
-            path.push_back('/');
+    msg.value.ForEachElement([&](const FieldTreeLeaf& base, const LeafStep* steps, const uint64_t* words,
+                                 std::size_t count) {
+        base.toStr(basePath);
+        for (std::size_t i = 0; i < count; ++i, ++renamed) {
+            const std::string& suffix = steps[i].suffix;
+            std::string& path = renamed->first;
+            if (path.size() != basePath.size() + suffix.size() ||
+                path.compare(0, basePath.size(), basePath) != 0 ||
+                path.compare(basePath.size(), suffix.size(), suffix) != 0) {
+                path.assign(basePath).append(suffix);
+            }
+            renamed->second = Variant::FromBits(steps[i].type, words[i]).convertToDouble();
         }
-        const std::size_t prefix = parentPath.size() + 1;
-        const std::size_t longest = prefix + node.name.size() + 1 + std::numeric_limits<uint16_t>::digits10 + 1;
-        if (path.size() < longest) {
-            path.resize(longest);
-        }
-        char* end = std::copy(node.name.begin(), node.name.end(), path.data() + prefix);
-        if (indexed) {
-            *end++ = '.';
-            end = std::to_chars(end, path.data() + path.size(), leaf.indexArray[above]).ptr;
-        }
-        // A topic's paths mostly repeat message after message: an unchanged one is left as it is.
-        const std::size_t length = static_cast<std::size_t>(end - path.data());
-        if (renamed->first.size() != length || std::memcmp(renamed->first.data(), path.data(), length) != 0) {
-            renamed->first.assign(path.data(), length);
-        }
-        renamed->second = value.convertToDouble();
-        ++renamed;
-    }
+    });
 }
 
 } // namespace RosMsgParser

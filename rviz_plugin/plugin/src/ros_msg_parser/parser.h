@@ -43,6 +43,7 @@ public:
     class Reader;
     class Output;
 
+    struct Program;
     // One step of decoding an element of a message type. Nested messages that are not array
     // elements are decoded in line, so a step is one of:
     struct Segment {
@@ -59,10 +60,14 @@ public:
         // them. Their numbers follow each other in the flat values and form one run.
         std::vector<LeafStep> runSteps;
         // ARRAY of messages: how one element is decoded.
-        const std::vector<Segment>* program = nullptr;
+        const Program* program = nullptr;
     };
-    // How one element of a message type is decoded.
-    using Program = std::vector<Segment>;
+    // How one element of a message type is decoded: the message (the root, or an array of messages)
+    // and its steps.
+    struct Program {
+        const FieldTreeNode* message = nullptr;
+        std::vector<Segment> segments;
+    };
     // The programs of the root message and of the message arrays in it. Decoded messages keep them
     // alive: their values point into the layouts.
     struct Programs {
@@ -73,7 +78,7 @@ public:
 private:
     void BuildPrograms();
     const Program* BuildProgram(const FieldTreeNode& node, Programs& programs) const;
-    void AddFields(const FieldTreeNode& node, Program& program, std::unique_ptr<FixedLayout>& run,
+    void AddFields(const FieldTreeNode& node, std::vector<Segment>& program, std::unique_ptr<FixedLayout>& run,
                    Programs& programs) const;
     bool AddFixedLayout(const FieldTreeNode& node, uint8_t depth, std::array<uint16_t, maxArrayDepth>& indices,
                         FixedLayout& layout) const;
