@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <limits>
 #include <map>
 #include <set>
 #include <tuple>
@@ -573,7 +572,6 @@ double Variant::convertToDouble() const
     }
     throw RangeException("not a number");
 }
-
 
 void FieldTreeLeaf::toStr(std::string& out) const
 {

@@ -18,36 +18,6 @@ public:
 class Variant {
 public:
     Variant() = default;
-    static Variant Signed(BuiltinType type, int64_t value)
-    {
-        Variant v;
-        v.type_ = type;
-        v.signed_ = value;
-        return v;
-    }
-    static Variant Unsigned(BuiltinType type, uint64_t value)
-    {
-        Variant v;
-        v.type_ = type;
-        v.unsigned_ = value;
-        return v;
-    }
-    static Variant Real(BuiltinType type, double value)
-    {
-        Variant v;
-        v.type_ = type;
-        v.real_ = value;
-        return v;
-    }
-    // Time and duration: the two 32-bit words as on the wire (unsigned for time, signed for duration).
-    static Variant Stamp(BuiltinType type, uint32_t seconds, uint32_t nanoseconds)
-    {
-        Variant v;
-        v.type_ = type;
-        v.stamp_ = {seconds, nanoseconds};
-        return v;
-    }
-
     // A value from the 64 bits it is kept in: integers widened to 64 bits (signed ones with their
     // sign), floats as double, times as their two words in wire order.
     static Variant FromBits(BuiltinType type, uint64_t bits)
@@ -62,8 +32,6 @@ public:
     // As double; times as seconds with the nanoseconds as fraction. Throws RangeException for a
     // 64-bit integer that the double would change.
     double convertToDouble() const;
-    int64_t signedValue() const { return signed_; }
-    uint64_t unsignedValue() const { return unsigned_; }
 
 private:
     struct Words {
