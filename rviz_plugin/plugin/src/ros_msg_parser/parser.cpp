@@ -356,7 +356,6 @@ void Parser::AddFields(const FieldTreeNode& node, std::vector<Segment>& program,
         Segment segment{field.isArray() ? Segment::ARRAY : Segment::TEXT, nullptr, child.get(), {}, nullptr};
         if (field.isArray() && field.type().typeID() != STRING) {
             auto element = std::make_unique<FixedLayout>();
-            indices.fill(0);
             if (AddFixedElement(*child, 0, indices, *element)) {
                 element->Finish();
                 segment.kind = Segment::FIXED_ARRAY;
@@ -402,7 +401,8 @@ bool Parser::AddFixedElement(const FieldTreeNode& node, uint8_t depth, std::arra
         step.type = type;
         step.offset = static_cast<uint32_t>(layout.size);
         step.extraCount = depth;
-        std::memcpy(&step.extra, indices.data(), sizeof(step.extra));
+        // Only the indices above this number: deeper words may hold those of an earlier sibling.
+        std::memcpy(&step.extra, indices.data(), depth * sizeof(uint16_t));
         layout.steps.push_back(step);
         layout.size += BuiltinSize(type);
         return true;
