@@ -8,10 +8,10 @@ SECONDS_TO_RUN=${1:-5}
 SRC="$ROOT/rviz_plugin/plugin/src"
 OUT="$BUILD_DIR/fuzz"
 mkdir -p "$OUT/corpus"
-cp -n "$ROOT/rviz_plugin/plugin/test/fuzz/corpus/"* "$OUT/corpus/" 2>/dev/null || true
+cp -n "$ROOT/rviz_plugin/plugin/test/ros_msg_parser/corpus/"* "$OUT/corpus/" 2>/dev/null || true
 sources=("$SRC/ros_msg_parser/ros_type.cpp" "$SRC/ros_msg_parser/message_definition.cpp"
          "$SRC/ros_msg_parser/fixed_layout.cpp" "$SRC/ros_msg_parser/flat_values.cpp"
-         "$SRC/ros_msg_parser/parser.cpp" "$ROOT/rviz_plugin/plugin/test/fuzz/fuzz_ros_msg_parser.cpp")
+         "$SRC/ros_msg_parser/parser.cpp" "$ROOT/rviz_plugin/plugin/test/ros_msg_parser/fuzz_ros_msg_parser.cpp")
 if [ ! -x "$OUT/fuzz_ros_msg_parser" ] || [ -n "$(find "${sources[@]}" "$SRC/ros_msg_parser" -newer "$OUT/fuzz_ros_msg_parser" 2>/dev/null)" ]; then
   clang++ -std=c++17 -O1 -g -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined \
     -I"$SRC" "${sources[@]}" -o "$OUT/fuzz_ros_msg_parser"

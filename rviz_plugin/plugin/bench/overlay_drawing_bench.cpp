@@ -7,10 +7,10 @@
 // segmentation and a freespace mask (768x512 each, nearest neighbour), 8 road lines, and 64 objects
 // with their labels. Decoding: the same number of 1080p H.265 pictures of the simulated car
 // (libx265, key frame every 30), libavcodec with one thread. Target: drawing <= 2 ms on one core.
-#include "kora_vision/image_freespace_utils.h"
-#include "kora_vision/image_line_utils.h"
-#include "kora_vision/image_object_utils.h"
-#include "kora_vision/image_semantic_segmentation_utils.h"
+#include "overlay/image_freespace_utils.h"
+#include "overlay/image_line_utils.h"
+#include "overlay/image_object_utils.h"
+#include "overlay/image_semantic_segmentation_utils.h"
 #include "simulated_car/h265_encoder.h"
 
 extern "C" {

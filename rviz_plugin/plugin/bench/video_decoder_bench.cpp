@@ -8,13 +8,12 @@
 //    YuvTextureData; then "ffmpeg -threads 4 -i same.h265 -f null -" on the same file. Ratio = ours / ffmpeg.
 // 2. Latency: four 1080p30 cameras published through a ROS master on loopback; for each picture the
 //    time from publish to the end of its conversion for texture upload (BGR, 960x540 window).
-#include "decoder_switch/image_cache_node.h"
-#include "decoder_switch/video_decoder.h"
-#include "kora_vision/yuv_texture_data.h"
-#include "simulated_car/h265_encoder.h"
-
 #include "../test/support/processes.h"
 #include "../test/support/ros_test_main.h"
+#include "decoder_switch/video_decoder.h"
+#include "frames/image_cache_node.h"
+#include "frames/yuv_texture_data.h"
+#include "simulated_car/h265_encoder.h"
 
 #include <QCoreApplication>
 #include <ros/callback_queue.h>

@@ -1,10 +1,10 @@
 #include "decoder.h"
 
 #include "custom_av_frame_data.h"
-#include "extern_ffmpeg.h"
 
 #include "foundation/logger.h"
-#include "kora_vision/yuv_texture_data.h"
+#include "frames/extern_ffmpeg.h"
+#include "frames/yuv_texture_data.h"
 
 #include <cerrno>
 

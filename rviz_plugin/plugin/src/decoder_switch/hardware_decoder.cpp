@@ -1,8 +1,7 @@
 #include "hardware_decoder.h"
 
-#include "extern_ffmpeg.h"
-
-#include "kora_vision/yuv_texture_data.h"
+#include "frames/extern_ffmpeg.h"
+#include "frames/yuv_texture_data.h"
 
 namespace rviz_plugin {
 

@@ -1,6 +1,6 @@
 #include "nv_decoder.h"
 
-#include "extern_ffmpeg.h"
+#include "frames/extern_ffmpeg.h"
 
 namespace rviz_plugin {
 

@@ -1,8 +1,7 @@
 #include "qsv_decoder.h"
 
-#include "extern_ffmpeg.h"
-
 #include "foundation/logger.h"
+#include "frames/extern_ffmpeg.h"
 
 extern "C" {
 #include <libavutil/hwcontext_qsv.h>

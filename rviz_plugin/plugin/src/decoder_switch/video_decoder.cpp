@@ -1,12 +1,12 @@
 #include "video_decoder.h"
 
-#include "image_cache_node.h"
 #include "nv_decoder.h"
 #include "qsv_decoder.h"
 #include "software_decoder.h"
 
 #include "foundation/logger.h"
-#include "kora_vision/yuv_texture_data.h"
+#include "frames/image_cache_node.h"
+#include "frames/yuv_texture_data.h"
 
 #ifndef Q_MOC_RUN
 #include <rviz/display_context.h>

@@ -1,9 +1,9 @@
 #include "video_handler.h"
 
-#include "image_cache_node.h"
 #include "video_decoder.h"
 
 #include "foundation/logger.h"
+#include "frames/image_cache_node.h"
 
 namespace rviz_plugin {
 

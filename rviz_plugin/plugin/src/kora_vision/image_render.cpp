@@ -1,10 +1,10 @@
 #include "image_render.h"
 
 #include "non_interactive_render_panel.h"
-#include "rgba_texture_data.h"
-#include "yuv_texture_data.h"
 
 #include "foundation/logger.h"
+#include "frames/rgba_texture_data.h"
+#include "frames/yuv_texture_data.h"
 
 extern "C" {
 #include <libavutil/frame.h>

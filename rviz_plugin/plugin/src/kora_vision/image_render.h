@@ -1,8 +1,9 @@
 #ifndef RVIZ_PLUGIN_IMAGE_RENDER_H
 #define RVIZ_PLUGIN_IMAGE_RENDER_H
 
-#include "image_texture_sink.h"
 #include "render_rectangle.h"
+
+#include "overlay/image_texture_sink.h"
 
 #include <QObject>
 #include <QString>

@@ -1,7 +1,7 @@
 #ifndef RVIZ_PLUGIN_IMAGE_TEXTURE_H
 #define RVIZ_PLUGIN_IMAGE_TEXTURE_H
 
-#include "texture_data.h"
+#include "frames/texture_data.h"
 
 #include <OgreImage.h>
 #include <OgreTexture.h>

@@ -1,8 +1,8 @@
 #ifndef RVIZ_PLUGIN_INPUT_MESSAGE_BASE_H
 #define RVIZ_PLUGIN_INPUT_MESSAGE_BASE_H
 
-#include "ipp_parameters.h"
-#include "message_id.h"
+#include "overlay/ipp_parameters.h"
+#include "overlay/message_id.h"
 
 #ifndef Q_MOC_RUN
 #include <rviz/properties/bool_property.h>

@@ -5,10 +5,10 @@
 #include "total_widget.h"
 #include "video_control_widget.h"
 #include "videos_widget.h"
-#include "vision_name.h"
 
 #include "foundation/logger.h"
 #include "foundation/memory_exception.h"
+#include "kora_vision_logic/vision_name.h"
 #include "widgets/title_bar_base.h"
 
 #include <QApplication>

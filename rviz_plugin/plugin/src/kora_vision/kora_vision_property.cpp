@@ -2,17 +2,17 @@
 
 #include "image_property.h"
 #include "image_render.h"
-#include "ipp_node.h"
-#include "ipp_parameters.h"
 #include "non_interactive_render_panel.h"
-#include "perception_message_handlers.h"
 #include "topic_combobox.h"
 #include "video_control_widget.h"
-#include "vision_name.h"
 #include "vision_property.h"
 
 #include "decoder_switch/video_handler.h"
 #include "foundation/memory_exception.h"
+#include "kora_vision_logic/vision_name.h"
+#include "overlay/ipp_node.h"
+#include "overlay/ipp_parameters.h"
+#include "overlay/perception_message_handlers.h"
 
 #ifndef Q_MOC_RUN
 #include <rviz/display_context.h>

@@ -10,7 +10,7 @@
 
 #include <memory>
 
-#include "message_id.h"
+#include "overlay/message_id.h"
 
 namespace Ogre {
 class SceneManager;

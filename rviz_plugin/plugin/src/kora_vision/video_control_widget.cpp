@@ -2,8 +2,8 @@
 
 #include "non_interactive_render_panel.h"
 #include "topic_combobox.h"
-#include "vision_name.h"
 
+#include "kora_vision_logic/vision_name.h"
 #include "widgets/buttons.h"
 #include "widgets/labels.h"
 

@@ -2,7 +2,8 @@
 #define RVIZ_PLUGIN_VIDEOS_WIDGET_H
 
 #include "video_control_widget.h"
-#include "wall_layout.h"
+
+#include "kora_vision_logic/wall_layout.h"
 
 #include <QList>
 #include <QMap>

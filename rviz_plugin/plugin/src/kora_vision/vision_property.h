@@ -1,7 +1,7 @@
 #ifndef RVIZ_PLUGIN_VISION_PROPERTY_H
 #define RVIZ_PLUGIN_VISION_PROPERTY_H
 
-#include "ipp_parameters.h"
+#include "overlay/ipp_parameters.h"
 
 #include <QObject>
 

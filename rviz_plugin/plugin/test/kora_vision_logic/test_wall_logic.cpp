@@ -1,5 +1,5 @@
-#include "kora_vision/vision_name.h"
-#include "kora_vision/wall_layout.h"
+#include "kora_vision_logic/vision_name.h"
+#include "kora_vision_logic/wall_layout.h"
 
 #include <gtest/gtest.h>
 

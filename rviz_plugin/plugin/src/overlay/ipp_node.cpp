@@ -1,9 +1,8 @@
 #include "ipp_node.h"
 
-#include "rgba_texture_data.h"
-#include "yuv_texture_data.h"
-
 #include "foundation/logger.h"
+#include "frames/rgba_texture_data.h"
+#include "frames/yuv_texture_data.h"
 
 extern "C" {
 #include <libavutil/frame.h>

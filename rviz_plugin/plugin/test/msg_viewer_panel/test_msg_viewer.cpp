@@ -1,11 +1,10 @@
 // The message viewer's model on messages of types known only at run time: field trees, the
 // storing of values into key-value pairs and table rows, and subscription through a ROS master.
+#include "../support/processes.h"
+#include "../support/ros_test_main.h"
 #include "msg_viewer_panel/msg_record.h"
 #include "msg_viewer_panel/msg_subscriber.h"
 #include "msg_viewer_panel/topic_msg.h"
-
-#include "../support/processes.h"
-#include "../support/ros_test_main.h"
 
 #include <custom/RoadInfo.h>
 #include <visualization_msgs/Marker.h>

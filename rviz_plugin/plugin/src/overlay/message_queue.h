@@ -1,7 +1,7 @@
 #ifndef RVIZ_PLUGIN_MESSAGE_QUEUE_H
 #define RVIZ_PLUGIN_MESSAGE_QUEUE_H
 
-#include "yuv_texture_data.h"
+#include "frames/yuv_texture_data.h"
 
 #include <ros/time.h>
 #include <std_msgs/Header.h>

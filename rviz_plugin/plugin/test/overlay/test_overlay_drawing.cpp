@@ -1,11 +1,11 @@
 // The overlay painters on real canvases: colours at box edges, lines, masks and markers, the
 // status each fault raises, and bad values that must be skipped rather than reach OpenCV.
-#include "kora_vision/image_freespace_utils.h"
-#include "kora_vision/image_line_utils.h"
-#include "kora_vision/image_object_utils.h"
-#include "kora_vision/image_rectangle_utils.h"
-#include "kora_vision/image_semantic_segmentation_utils.h"
-#include "kora_vision/marker_array_utils.h"
+#include "overlay/image_freespace_utils.h"
+#include "overlay/image_line_utils.h"
+#include "overlay/image_object_utils.h"
+#include "overlay/image_rectangle_utils.h"
+#include "overlay/image_semantic_segmentation_utils.h"
+#include "overlay/marker_array_utils.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
 #include "texture_data.h"
 
-#include "decoder_switch/extern_ffmpeg.h"
+#include "extern_ffmpeg.h"
+
 #include "foundation/logger.h"
 
 namespace rviz_plugin {

@@ -1,8 +1,8 @@
 // The overlay node with its real thread: which pictures go out with which perception data, queue
 // limits and statuses, and that a node waiting for a silent input sleeps.
-#include "kora_vision/ipp_node.h"
-#include "kora_vision/rgba_texture_data.h"
-#include "kora_vision/yuv_texture_data.h"
+#include "frames/rgba_texture_data.h"
+#include "frames/yuv_texture_data.h"
+#include "overlay/ipp_node.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,8 @@
 // The perception subscribers through a ROS master on loopback: the "Topic" status as messages
 // come in, the one-second receiving check, and subscription failures.
-#include "kora_vision/perception_message_handlers.h"
-
 #include "../support/processes.h"
 #include "../support/ros_test_main.h"
+#include "overlay/perception_message_handlers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,16 +1,15 @@
+#include "../support/ros_test_main.h"
+#include "../support/temp_dir.h"
 #include "foundation/bounded_memory.h"
 #include "foundation/color_pool.h"
-#include "foundation/object_pool.h"
 #include "foundation/config_file_tool.h"
 #include "foundation/cpu_usage_handler.h"
 #include "foundation/file_hander.h"
 #include "foundation/memory_exception.h"
+#include "foundation/object_pool.h"
 #include "foundation/string_helpers.h"
 #include "foundation/topic_tf_utility.h"
 #include "foundation/utils_functions.h"
-
-#include "../support/ros_test_main.h"
-#include "../support/temp_dir.h"
 
 #include <gtest/gtest.h>
 

@@ -1,20 +1,19 @@
 // The vision display inside a real rviz frame (ROS master on loopback, virtual X display):
 // items created and deleted through the wall, names renumbered, save and load, paging and pop-out.
+#include "../support/processes.h"
+#include "../support/temp_dir.h"
+#include "foundation/rviz_helpers.h"
 #include "kora_vision/associated_widget.h"
 #include "kora_vision/image_property.h"
-#include "kora_vision/ipp_node.h"
-#include "kora_vision/vision_property.h"
 #include "kora_vision/kora_vision_display.h"
 #include "kora_vision/kora_vision_property.h"
 #include "kora_vision/topic_combobox.h"
 #include "kora_vision/total_widget.h"
 #include "kora_vision/video_control_widget.h"
 #include "kora_vision/videos_widget.h"
+#include "kora_vision/vision_property.h"
+#include "overlay/ipp_node.h"
 #include "widgets/title_bar_base.h"
-#include "foundation/rviz_helpers.h"
-
-#include "../support/processes.h"
-#include "../support/temp_dir.h"
 
 #include <gtest/gtest.h>
 

@@ -1,17 +1,16 @@
 // Decoding of real H.265 made by the test (libx265 through libavcodec): the decoder family, the
 // decoding pipeline's drop and resync rules, the hardware failure paths, and a subscription
 // through a ROS master on loopback.
+#include "../support/processes.h"
+#include "../support/ros_test_main.h"
 #include "decoder_switch/custom_av_frame_data.h"
-#include "decoder_switch/image_cache_node.h"
 #include "decoder_switch/nv_decoder.h"
 #include "decoder_switch/qsv_decoder.h"
 #include "decoder_switch/software_decoder.h"
 #include "decoder_switch/video_decoder.h"
-#include "kora_vision/yuv_texture_data.h"
+#include "frames/image_cache_node.h"
+#include "frames/yuv_texture_data.h"
 #include "simulated_car/h265_encoder.h"
-
-#include "../support/processes.h"
-#include "../support/ros_test_main.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Registers the plugin classes with rviz's class loader.
-#include "kora_vision/kora_vision_display.h"
+#include "kora_vision_display.h"
 
 #include <pluginlib/class_list_macros.hpp>
 

@@ -2,16 +2,16 @@
 #define RVIZ_PLUGIN_IPP_NODE_H
 
 #include "image_freespace_utils.h"
-#include "image_texture_sink.h"
 #include "image_line_utils.h"
 #include "image_object_utils.h"
 #include "image_rectangle_utils.h"
 #include "image_semantic_segmentation_utils.h"
+#include "image_texture_sink.h"
 #include "ipp_parameters.h"
 #include "marker_array_utils.h"
 #include "message_queue.h"
 
-#include "decoder_switch/image_cache_node.h"
+#include "frames/image_cache_node.h"
 
 #include <QObject>
 #include <QString>

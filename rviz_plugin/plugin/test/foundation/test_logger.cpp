@@ -1,8 +1,7 @@
+#include "../support/temp_dir.h"
 #include "foundation/logger.h"
 #include "foundation/logger_stream.h"
 #include "foundation/path_utils.h"
-
-#include "../support/temp_dir.h"
 
 #include <gtest/gtest.h>
 
