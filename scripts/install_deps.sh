@@ -4,7 +4,7 @@
 set -eo pipefail
 
 PACKAGES=(
-  build-essential cmake ninja-build ccache pkg-config clang libclang-rt-14-dev
+  build-essential cmake ninja-build ccache mold pkg-config clang libclang-rt-14-dev
   catkin ros-message-generation python3-gencpp python3-genmsg ros-message-runtime
   librviz-dev libroscpp-dev libmessage-filters-dev libtf2-ros-dev libclass-loader-dev pluginlib-dev libtopic-tools-dev
   libstd-msgs-dev ros-std-msgs libgeometry-msgs-dev ros-geometry-msgs libsensor-msgs-dev ros-sensor-msgs

@@ -1,31 +1,59 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test:
-#   1. the whole suite (unit, integration against a ROS master and a virtual display, rviz end to end);
+#   1. the whole suite (unit, integration against a ROS master and a virtual display, fuzz, rviz end to end);
 #   2. unit and integration tests again under AddressSanitizer + UndefinedBehaviorSanitizer;
 #   3. the tests of threaded code under ThreadSanitizer.
+# Each step is timed; the times and the build's share per library are printed at the end.
 # Pass --quick to run only the first.
 set -eo pipefail
 source "$(dirname "$0")/env.sh"
-"$ROOT/scripts/install_deps.sh"
 
-run_suite() {  # build directory, ctest arguments...
-  local dir=$1; shift
-  (cd "$dir" && ctest --output-on-failure --timeout 600 -j2 "$@")
+PHASE_LOG=$(mktemp)
+START=$(date +%s%N)
+timed() {  # name command...: runs the command and records its wall time (ms) under the name
+  local name=$1 begin rc=0; shift
+  begin=$(date +%s%N)
+  "$@" || rc=$?
+  printf '%s\t%s\n' "$name" $(( ($(date +%s%N) - begin) / 1000000 )) >>"$PHASE_LOG"
+  return $rc
+}
+export -f timed
+export PHASE_LOG
+report() {
+  local rc=$?
+  echo
+  echo "== times (s)"
+  printf '%s\t%s\n' "whole command" $(( ($(date +%s%N) - START) / 1000000 )) >>"$PHASE_LOG"
+  awk -F'\t' '{ printf "  %7.1f  %s\n", $2 / 1000, $1 }' "$PHASE_LOG"
+  echo "== build steps per library and test program"
+  for dir in "$BUILD_DIR" "$BUILD_DIR-asan" "$BUILD_DIR-tsan"; do
+    [ -f "$dir/.ninja_log_start" ] && python3 "$ROOT/scripts/build_times.py" "$dir" 12
+  done
+  rm -f "$PHASE_LOG"
+  [ $rc -eq 0 ] && echo "== all tests passed" || echo "== FAILED (exit $rc)"
+}
+trap report EXIT
+
+run_level() {  # build directory, label, extra ctest arguments...
+  local dir=$1 label=$2; shift 2
+  timed "tests $(basename "$dir") -L $label" \
+    bash -c 'cd "$0" && ctest --output-on-failure --timeout 600 -j2 -L "$1" "${@:2}"' "$dir" "$label" "$@"
 }
 
-start=$(date +%s)
+timed install "$ROOT/scripts/install_deps.sh"
+export BUILD_PHASE=timed
+
 BUILD_DIR="$BUILD_DIR" "$ROOT/scripts/build.sh"
-run_suite "$BUILD_DIR"
-echo "== suite passed in $(( $(date +%s) - start )) s"
+for level in unit integration fuzz e2e; do run_level "$BUILD_DIR" "$level"; done
 [ "${1:-}" = "--quick" ] && exit 0
 
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+BUILD_DIR="$BUILD_DIR-asan" BUILD_TARGETS=rviz_plugin_sanitized_tests \
+  "$ROOT/scripts/build.sh" -DRVIZ_PLUGIN_SANITIZE=address,undefined
 # rviz, OGRE and Mesa keep allocations until exit; leaks are checked on the unit tests only.
-ASAN_OPTIONS=detect_leaks=1 BUILD_DIR="$BUILD_DIR-asan" "$ROOT/scripts/build.sh" -DRVIZ_PLUGIN_SANITIZE=address,undefined
-ASAN_OPTIONS=detect_leaks=1 run_suite "$BUILD_DIR-asan" -L unit
-ASAN_OPTIONS=detect_leaks=0 run_suite "$BUILD_DIR-asan" -L integration
-echo "== AddressSanitizer + UndefinedBehaviorSanitizer passed"
+ASAN_OPTIONS=detect_leaks=1 run_level "$BUILD_DIR-asan" unit
+ASAN_OPTIONS=detect_leaks=0 run_level "$BUILD_DIR-asan" integration
 
-BUILD_DIR="$BUILD_DIR-tsan" BUILD_TARGETS=rviz_plugin_threaded_tests "$ROOT/scripts/build.sh" -DRVIZ_PLUGIN_SANITIZE=thread
-TSAN_OPTIONS="halt_on_error=1 suppressions=$ROOT/rviz_plugin/plugin/test/tsan.supp" run_suite "$BUILD_DIR-tsan" -L threads
-echo "== ThreadSanitizer passed; all tests passed in $(( $(date +%s) - start )) s"
+BUILD_DIR="$BUILD_DIR-tsan" BUILD_TARGETS=rviz_plugin_threaded_tests \
+  "$ROOT/scripts/build.sh" -DRVIZ_PLUGIN_SANITIZE=thread
+TSAN_OPTIONS="halt_on_error=1 suppressions=$ROOT/rviz_plugin/plugin/test/tsan.supp" run_level "$BUILD_DIR-tsan" threads
