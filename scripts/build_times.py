@@ -10,7 +10,7 @@ import re
 import sys
 
 def owner(output):
-    match = re.search(r'CMakeFiles/([^/]+)\.dir/', output)
+    match = re.search(r'CMakeFiles/([^/]+)\.dir/', output) or re.search(r'([^/]+)_autogen/', output)
     if match:
         return match.group(1)
     name = os.path.basename(output)
@@ -30,10 +30,16 @@ def main(build_dir, top):
     with open(log) as f:
         lines = f.read().splitlines()[max(start, 1):]
     seconds = collections.Counter()
+    steps = set()
     for line in lines:
         fields = line.split('\t')
-        if len(fields) < 4 or line.startswith('#'):
+        if len(fields) < 5 or line.startswith('#'):
             continue
+        # A step with several outputs has a line per output: count it once.
+        step = (fields[0], fields[1], fields[4])
+        if step in steps:
+            continue
+        steps.add(step)
         seconds[owner(fields[3])] += (int(fields[1]) - int(fields[0])) / 1000.0
     total = sum(seconds.values())
     if total == 0:
