@@ -8,7 +8,7 @@
 #include <functional>
 #include <iostream>
 #include <map>
-#include <regex>
+#include <optional>
 #include <set>
 #include <sstream>
 #include <string>
@@ -37,6 +37,25 @@ Layers ParseLayers(std::istream& in)
         }
     }
     return layers;
+}
+
+// The quoted name of an `#include "..."` line, or nothing.
+std::optional<std::string> QuotedInclude(const std::string& line)
+{
+    std::size_t at = line.find_first_not_of(" \t");
+    if (at == std::string::npos || line[at] != '#') {
+        return std::nullopt;
+    }
+    at = line.find_first_not_of(" \t", at + 1);
+    if (at == std::string::npos || line.compare(at, 7, "include") != 0) {
+        return std::nullopt;
+    }
+    at = line.find_first_not_of(" \t", at + 7);
+    const auto end = at == std::string::npos || line[at] != '"' ? std::string::npos : line.find('"', at + 1);
+    if (end == std::string::npos) {
+        return std::nullopt;
+    }
+    return line.substr(at + 1, end - at - 1);
 }
 
 // Folders reachable from `folder` in one or more steps; `folder` itself only through a cycle.
@@ -80,7 +99,6 @@ Report CheckTree(const fs::path& sourceRoot, const Layers& layers)
         }
     }
 
-    const std::regex includeLine(R"(^\s*#\s*include\s*"([^"]+)\")");
     for (const auto& entry : fs::directory_iterator(sourceRoot)) {
         if (!entry.is_directory()) {
             continue;
@@ -98,11 +116,11 @@ Report CheckTree(const fs::path& sourceRoot, const Layers& layers)
             int number = 0;
             for (std::string line; std::getline(in, line);) {
                 ++number;
-                std::smatch match;
-                if (!std::regex_search(line, match, includeLine)) {
+                const auto included = QuotedInclude(line);
+                if (!included) {
                     continue;
                 }
-                const std::string target = match[1];
+                const std::string& target = *included;
                 const auto where = folder + "/" + file.path().filename().string() + ":" + std::to_string(number);
                 const auto slash = target.find('/');
                 if (slash == std::string::npos) {
