@@ -22,8 +22,9 @@ if [ "${BUILD_QUIET:-0}" = 1 ]; then
     echo "build failed; the whole output is in $BUILD_DIR/build.log" >&2
     exit 1
   fi
-  grep -q "no work to do" "$BUILD_DIR/build.log" ||
-    echo "built $(grep -c '^\[' "$BUILD_DIR/build.log") steps (output in $BUILD_DIR/build.log)"
+  # The message dependencies and the source folders are re-checked on every build; the rest is work.
+  steps=$(grep '^\[[0-9]*/[0-9]*\]' "$BUILD_DIR/build.log" | grep -vcE 'genmsg_check_deps|Re-checking globbed directories' || true)
+  [ "$steps" -eq 0 ] || echo "built $steps steps (output in $BUILD_DIR/build.log)"
 else
   phase "build $(basename "$BUILD_DIR")" "${build[@]}"
 fi
