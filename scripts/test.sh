@@ -34,10 +34,9 @@ report() {
 }
 trap report EXIT
 
-run_level() {  # build directory, label, extra ctest arguments...
-  local dir=$1 label=$2; shift 2
-  timed "tests $(basename "$dir") -L $label" \
-    bash -c 'cd "$0" && ctest --output-on-failure --timeout 600 -j2 -L "$1" "${@:2}"' "$dir" "$label" "$@"
+run_level() {  # build directory, label
+  timed "tests $(basename "$1") -L $2" \
+    bash -c 'cd "$0" && ctest --output-on-failure --timeout 600 -j2 -L "$1"' "$1" "$2"
 }
 
 timed install "$ROOT/scripts/install_deps.sh"
