@@ -159,7 +159,6 @@ int VideoDecoder::CreateDecoder(std::unique_ptr<Decoder> created, int type)
 
 int VideoDecoder::InitializeDecoder()
 {
-    isDecoderInfoSent = false;
     switch (selectionMode) {
     case custom::DecoderInfo::INTEL_HARDWARE_DECODING_MODE:
         return CreateDecoder(std::make_unique<QsvDecoder>(), custom::DecoderInfo::INTEL_DECODER);

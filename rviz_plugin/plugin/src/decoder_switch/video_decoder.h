@@ -139,7 +139,8 @@ private:
     std::map<unsigned, ImageCacheNode*> ippNodes;
     int selectionMode = custom::DecoderInfo::SOFTWARE_DECODING_MODE;
     int decoderType = custom::DecoderInfo::SOFTWARE_DECODER;
-    bool isDecoderInfoSent = false;
+    // Cleared by an inquiry of the decoder switch: the result goes out once per inquiry, never unasked.
+    bool isDecoderInfoSent = true;
     custom::DecoderInfo decoderInfo;
     std::mutex decoderMutex;
     std::shared_ptr<CustomAvFrameData> customAvFrameData;

@@ -2,6 +2,7 @@
 
 #ifndef Q_MOC_RUN
 #include <rviz/config.h>
+#include <rviz/load_resource.h>
 #include <rviz/properties/property.h>
 #include <rviz/tool.h>
 #include <rviz/tool_manager.h>
@@ -37,6 +38,16 @@ void OverwritePropertySave(const rviz::Property* property, rviz::Config& config,
             child->save(config.mapMakeChild(child->getName()));
         }
     }
+}
+
+QIcon StatusLevelIcon(int level)
+{
+    static const char* const icons[] = {"package://rviz/icons/ok.png", "package://rviz/icons/warning.png",
+                                        "package://rviz/icons/error.png"};
+    if (level < 0 || level > 2) {
+        return QIcon();
+    }
+    return QIcon(rviz::loadPixmap(icons[level]));
 }
 
 } // namespace rviz_plugin

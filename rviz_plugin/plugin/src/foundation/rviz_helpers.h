@@ -1,6 +1,7 @@
 #ifndef RVIZ_PLUGIN_RVIZ_HELPERS_H
 #define RVIZ_PLUGIN_RVIZ_HELPERS_H
 
+#include <QIcon>
 #include <QVariant>
 
 namespace rviz {
@@ -18,6 +19,9 @@ rviz::Tool* GetInteractToolButton(rviz::ToolManager* manager);
 // Saves property as rviz does, with value in place of the stored value: "Value" when it is valid,
 // then one map per child under the child's name.
 void OverwritePropertySave(const rviz::Property* property, rviz::Config& config, const QVariant& value);
+
+// rviz's icon of a status level (OK 0, Warn 1, Error 2); an empty icon for other values.
+QIcon StatusLevelIcon(int level);
 
 } // namespace rviz_plugin
 

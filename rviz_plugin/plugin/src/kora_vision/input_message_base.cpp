@@ -1,7 +1,8 @@
 #include "input_message_base.h"
 
+#include "foundation/rviz_helpers.h"
+
 #ifndef Q_MOC_RUN
-#include <rviz/load_resource.h>
 #include <rviz/properties/int_property.h>
 #include <rviz/properties/ros_topic_property.h>
 #include <rviz/properties/status_list.h>
@@ -24,10 +25,6 @@ InputMessageBase::InputMessageBase(const QString& name, bool defaultValue, const
 void InputMessageBase::Initialize(MessageId id, const QString& messageType, const QString& topicDescription,
                                   const QString& queueDescription)
 {
-    for (const char* icon : {"package://rviz/icons/ok.png", "package://rviz/icons/warning.png",
-                             "package://rviz/icons/error.png"}) {
-        statusIcons.push_back(rviz::loadPixmap(icon));
-    }
     messageId = id;
     connect(this, &rviz::Property::changed, this, &InputMessageBase::OnValueChanged);
     InitializeBasicProperties(messageType, topicDescription, queueDescription);
@@ -121,8 +118,8 @@ QVariant InputMessageBase::getViewData(int column, int role) const
         if (role == Qt::ForegroundRole && (getViewFlags(column) & Qt::ItemIsEnabled) != 0) {
             return rviz::StatusProperty::statusColor(statusList->getLevel());
         }
-        if (role == Qt::DecorationRole && level >= 0 && level < static_cast<int>(statusIcons.size())) {
-            return statusIcons[static_cast<std::size_t>(level)];
+        if (role == Qt::DecorationRole) {
+            return StatusLevelIcon(level);
         }
     }
     return rviz::Property::getViewData(column, role);

@@ -63,7 +63,6 @@ protected:
     rviz::RosTopicProperty* topicProperty = nullptr;
     rviz::IntProperty* queueSizeProperty = nullptr;
     MessageId messageId = Image;
-    std::vector<QIcon> statusIcons;
 };
 
 } // namespace rviz_plugin

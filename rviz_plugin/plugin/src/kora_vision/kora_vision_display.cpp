@@ -8,6 +8,7 @@
 
 #include "foundation/logger.h"
 #include "foundation/memory_exception.h"
+#include "foundation/rviz_helpers.h"
 #include "kora_vision_logic/vision_name.h"
 #include "widgets/title_bar_base.h"
 
@@ -409,9 +410,28 @@ QColor KoraVisionDisplay::GetBackgroundColor() const
     return QColor(Qt::white);
 }
 
+int KoraVisionDisplay::GetWorstGlobalLevel() const
+{
+    int worst = rviz::StatusProperty::Ok;
+    for (const auto& property : visionProperties) {
+        const int level = property->GetGlobalStatusLevel();
+        if (level == rviz::StatusProperty::Error) {
+            return level;
+        }
+        worst = std::max(worst, level);
+    }
+    return worst;
+}
+
 QColor KoraVisionDisplay::GetForegroundColor() const
 {
-    return isEnabled() ? okForeground : QColor(Qt::black);
+    if (!isEnabled()) {
+        return QColor(Qt::black);
+    }
+    const int level = GetWorstGlobalLevel();
+    return level == rviz::StatusProperty::Ok ? okForeground
+                                             : rviz::StatusProperty::statusColor(
+                                                   static_cast<rviz::StatusProperty::Level>(level));
 }
 
 QFont KoraVisionDisplay::GetDisplayFont() const
@@ -425,7 +445,8 @@ QFont KoraVisionDisplay::GetDisplayFont() const
 
 QVariant KoraVisionDisplay::GetDisplayDecoration() const
 {
-    return getIcon();
+    const int level = isEnabled() ? GetWorstGlobalLevel() : static_cast<int>(rviz::StatusProperty::Ok);
+    return level == rviz::StatusProperty::Ok ? QVariant(getIcon()) : QVariant(StatusLevelIcon(level));
 }
 
 } // namespace rviz_plugin

@@ -67,6 +67,8 @@ private:
     void RenumberVisionProperties();
     QColor GetBackgroundColor() const;
     QColor GetForegroundColor() const;
+    // The highest level of all items' global statuses; Error ends the search.
+    int GetWorstGlobalLevel() const;
     QFont GetDisplayFont() const;
     QVariant GetDisplayDecoration() const;
     void SetPopupPanelsVisible(bool visible);

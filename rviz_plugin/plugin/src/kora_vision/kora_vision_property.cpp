@@ -9,14 +9,18 @@
 
 #include "decoder_switch/video_handler.h"
 #include "foundation/memory_exception.h"
+#include "foundation/rviz_helpers.h"
 #include "kora_vision_logic/vision_name.h"
+#include "overlay/frequency_tool.h"
 #include "overlay/ipp_node.h"
 #include "overlay/ipp_parameters.h"
 #include "overlay/perception_message_handlers.h"
+#include "overlay/running_status_tool.h"
 
 #ifndef Q_MOC_RUN
 #include <rviz/display_context.h>
 #include <rviz/properties/ros_topic_property.h>
+#include <rviz/properties/status_list.h>
 #include <sensor_msgs/CameraInfo.h>
 #endif
 
@@ -53,6 +57,10 @@ void KoraVisionProperty::Initialize(VideoControlWidget* videoItem, rviz::Display
     }
     ippNode = std::make_unique<IppNode>(ippParameters, imageRender.get());
     ippNode->Initialize();
+    frequencyTool = std::make_unique<FrequencyTool>(ippParameters->messageIds);
+    frequencyTool->Start();
+    runningStatusTool = std::make_unique<RunningStatusTool>();
+    runningStatusTool->Start();
     videoHandler = std::make_unique<VideoHandler>(*ippNode, context);
     videoHandler->Initialize();
     objectArrayHandler = std::make_unique<ObjectArrayMessageHandler>();
@@ -63,6 +71,7 @@ void KoraVisionProperty::Initialize(VideoControlWidget* videoItem, rviz::Display
     markerArrayHandler = std::make_unique<MarkerArrayMessageHandler>();
     InitConnection();
     InitPerceptionConnection();
+    InitStatusConnection();
 }
 
 template <typename Handler, typename Slot>
@@ -75,7 +84,6 @@ void KoraVisionProperty::ConnectInput(MessageId id, Handler* handler, Slot recei
     connect(input, &InputMessageBase::ClearQueue, ippNode.get(), &IppNode::OnClearQueue);
     connect(handler, &MessageHandler::SetStatus, input, &InputMessageBase::OnSetStatus);
     connect(handler, &MessageHandler::DeleteStatus, input, &InputMessageBase::OnDeleteStatus);
-    connect(handler, &MessageHandler::FrequencyChanged, input, &InputMessageBase::OnFrequencyChanged);
     connect(handler, &MessageHandler::RequestDisplayReset, this, &KoraVisionProperty::ResetDisplay);
     connect(handler, &MessageHandler::RequestDisplayRenderContext, this, &KoraVisionProperty::RenderContext);
     connect(handler, &Handler::SendMsg, ippNode.get(), receive);
@@ -129,10 +137,43 @@ void KoraVisionProperty::InitPerceptionConnection()
             statusTo(MarkerArray), &InputMessageBase::OnSetStatus);
     connect(node->GetMarkerArrayUtilsPtr(), &ImageUtils::MarkerArrayUtils::RemoveMarkerArrayStatus,
             statusTo(MarkerArray), &InputMessageBase::OnDeleteStatus);
-    connect(node, &IppNode::DetectedSingleFrameProcessingTime, visionProperty.get(),
-            &VisionProperty::UpdateSingleFrameProcessingTime);
     connect(imageRender.get(), &ImageRender::UpdateVisibilityProperty, visionProperty.get(),
             &VisionProperty::OnUpdateVisibilityProperty);
+}
+
+void KoraVisionProperty::InitStatusConnection()
+{
+    IppNode* node = ippNode.get();
+    FrequencyTool* frequency = frequencyTool.get();
+    RunningStatusTool* running = runningStatusTool.get();
+    connect(frequency, &FrequencyTool::ProcessingTimeChanged, visionProperty.get(),
+            &VisionProperty::UpdateSingleFrameProcessingTime);
+    connect(frequency, &FrequencyTool::DetectedPerformanceProblem, running,
+            &RunningStatusTool::OnDetectedPerformanceProblem);
+    const auto input = [this](MessageId id) { return visionProperty->GetInputProperty(id); };
+    connect(frequency, &FrequencyTool::ImageFrequencyChanged, input(Image), &InputMessageBase::OnFrequencyChanged);
+    connect(frequency, &FrequencyTool::ObjectArrayFrequencyChanged, input(Objects),
+            &InputMessageBase::OnFrequencyChanged);
+    connect(frequency, &FrequencyTool::ImageRectangleArrayFrequencyChanged, input(TrafficLights),
+            &InputMessageBase::OnFrequencyChanged);
+    connect(frequency, &FrequencyTool::ImageLineArrayFrequencyChanged, input(RoadLines),
+            &InputMessageBase::OnFrequencyChanged);
+    connect(frequency, &FrequencyTool::ImageFreespaceFrequencyChanged, input(Freespace),
+            &InputMessageBase::OnFrequencyChanged);
+    connect(frequency, &FrequencyTool::ImageSemanticSegmentationFrequencyChanged, input(SemanticSegmentation),
+            &InputMessageBase::OnFrequencyChanged);
+    connect(frequency, &FrequencyTool::MarkerArrayFrequencyChanged, input(MarkerArray),
+            &InputMessageBase::OnFrequencyChanged);
+    connect(node, &IppNode::MessageReceived, frequency, &FrequencyTool::OnMessageReceived);
+    connect(node, &IppNode::DetectedSingleFrameProcessingTime, frequency,
+            &FrequencyTool::OnDetectedSingleFrameProcessingTime);
+    connect(node, &IppNode::DetectedQueueFull, running, &RunningStatusTool::OnDetectedQueueFull);
+    connect(node, &IppNode::DetectedDiscardPerceptionData, running,
+            &RunningStatusTool::OnDetectedDiscardPerceptionData);
+    connect(node, &IppNode::DetectedDiscardImageData, running, &RunningStatusTool::OnDetectedDiscardImageData);
+    connect(node, &IppNode::DetectedDataSend, running, &RunningStatusTool::OnDetectedDataSend);
+    connect(node, &IppNode::DetectedQueueEmpty, running, &RunningStatusTool::OnDetectedQueueEmpty);
+    connect(running, &RunningStatusTool::RunningStatusChanged, visionProperty.get(), &VisionProperty::SetGlobalStatus);
 }
 
 void KoraVisionProperty::InitConnection()
@@ -231,10 +272,24 @@ QVariant KoraVisionProperty::getViewData(int column, int role) const
     if (role == Qt::DisplayRole && column == 1) {
         return QString();
     }
+    const int level = GetGlobalStatusLevel();
     if (role == Qt::ForegroundRole) {
-        return QBrush(defaultQColor);
+        return QBrush(level == rviz::StatusProperty::Ok
+                          ? defaultQColor
+                          : rviz::StatusProperty::statusColor(static_cast<rviz::StatusProperty::Level>(level)));
+    }
+    if (role == Qt::DecorationRole && column == 0 && level != rviz::StatusProperty::Ok) {
+        return StatusLevelIcon(level);
     }
     return rviz::Property::getViewData(column, role);
+}
+
+int KoraVisionProperty::GetGlobalStatusLevel() const
+{
+    if (visionProperty == nullptr || visionProperty->GetGlobalStatusList() == nullptr) {
+        return rviz::StatusProperty::Ok;
+    }
+    return visionProperty->GetGlobalStatusList()->getLevel();
 }
 
 void KoraVisionProperty::load(const rviz::Config& config)

@@ -24,6 +24,7 @@ class DisplayContext;
 
 namespace rviz_plugin {
 
+class FrequencyTool;
 class ImageFreespaceMessageHandler;
 class ImageLineArrayMessageHandler;
 class ImageRectangleArrayMessageHandler;
@@ -31,6 +32,7 @@ class ImageRender;
 class IppNode;
 class MarkerArrayMessageHandler;
 class ObjectArrayMessageHandler;
+class RunningStatusTool;
 class SemanticSegmentationMessageHandler;
 struct IppParameters;
 class VideoControlWidget;
@@ -57,6 +59,9 @@ public:
     VisionProperty* GetVisionProperty() const { return visionProperty.get(); }
     IppNode* GetIppNode() const { return ippNode.get(); }
     ImageRender* GetImageRender() const { return imageRender.get(); }
+    RunningStatusTool* GetRunningStatusTool() const { return runningStatusTool.get(); }
+    // The level of the item's "Global Status" list; Ok before initialisation.
+    int GetGlobalStatusLevel() const;
 
     QVariant getViewData(int column, int role) const override;
     void load(const rviz::Config& config) override;
@@ -75,6 +80,7 @@ Q_SIGNALS:
 private:
     void InitConnection();
     void InitPerceptionConnection();
+    void InitStatusConnection();
     // Joins an input's property, its subscriber and the overlay node's slot for its messages.
     template <typename Handler, typename Slot>
     void ConnectInput(MessageId id, Handler* handler, Slot receive);
@@ -87,6 +93,8 @@ private:
     std::unique_ptr<VisionProperty> visionProperty;
     std::unique_ptr<ImageRender> imageRender;
     std::unique_ptr<IppNode> ippNode;
+    std::unique_ptr<FrequencyTool> frequencyTool;
+    std::unique_ptr<RunningStatusTool> runningStatusTool;
     std::unique_ptr<VideoHandler> videoHandler;
     std::unique_ptr<ObjectArrayMessageHandler> objectArrayHandler;
     std::unique_ptr<ImageRectangleArrayMessageHandler> imageRectangleArrayHandler;

@@ -79,10 +79,15 @@ void VideoControlWidget::Init(CreatePopupPanelCallback callback)
     layout->addLayout(topBar);
     layout->addLayout(videoLayout, 1);
 
-    connect(topicCombobox, &QComboBox::currentTextChanged, this, [this](const QString& text) {
+    // A topic applies when the user picks it from the list or finishes typing (Enter, focus out), not
+    // per key press: each change of topic builds a decoding pipeline.
+    const auto applyTopic = [this]() {
+        const QString text = topicCombobox->currentText();
         SetPopupPanelWindowTitle(text);
         Q_EMIT TopicComboboxTextChanged(text);
-    });
+    };
+    connect(topicCombobox, QOverload<int>::of(&QComboBox::activated), this, applyTopic);
+    connect(topicCombobox->lineEdit(), &QLineEdit::editingFinished, this, applyTopic);
     connect(popBt, &QPushButton::clicked, this, &VideoControlWidget::PopupPanel);
     connect(deleteBt, &QPushButton::clicked, this, &VideoControlWidget::SubItem);
 }

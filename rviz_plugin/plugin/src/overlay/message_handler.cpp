@@ -67,7 +67,6 @@ void MessageHandler::CheckIfRecvFrameInSecond()
     } else {
         Q_EMIT DeleteStatus(receivingKey);
     }
-    Q_EMIT FrequencyChanged(receivedCount - lastCount);
     lastCount = receivedCount;
 }
 

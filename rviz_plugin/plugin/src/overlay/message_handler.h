@@ -33,8 +33,6 @@ Q_SIGNALS:
     void DeleteStatus(const QString& key);
     void RequestDisplayReset();
     void RequestDisplayRenderContext();
-    // Messages received in the last second.
-    void FrequencyChanged(const unsigned& hertz);
 
 protected:
     void CountMsg();

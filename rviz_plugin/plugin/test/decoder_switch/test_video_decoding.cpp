@@ -406,6 +406,46 @@ TEST_F(VideoPipeline, SwitchingToABrokenDecoderAndBack)
     decoder->RemoveIppNode(7);
 }
 
+TEST_F(VideoPipeline, ResultGoesOutOnlyAfterAnInquiry)
+{
+    ros::NodeHandle handle;
+    ros::CallbackQueue answers;
+    handle.setCallbackQueue(&answers);
+    std::vector<int> codes;
+    ros::Subscriber subscriber = handle.subscribe<custom::DecoderInfo>(
+        "/decoder_information", 30, [&codes](const custom::DecoderInfo::ConstPtr& info) {
+            if (info->decoderTopic.data == "pipeline_info") {
+                codes.push_back(info->resultCode);
+            }
+        });
+    auto decoder = MakeDecoder("pipeline_info", custom::DecoderInfo::SOFTWARE_DECODING_MODE);
+    ASSERT_TRUE(test_support::WaitFor([&]() { return subscriber.getNumPublishers() > 0; }, 5s));
+    const auto settle = [&answers]() {
+        test_support::WaitFor([&answers]() {
+            answers.callAvailable();
+            return false;
+        }, 300ms);
+    };
+
+    // Created and switched without an inquiry: nothing is published.
+    Console([&]() { decoder->OnUpdateCameraDecoder(custom::DecoderInfo::NVIDIA_HARDWARE_DECODING_MODE); });
+    settle();
+    EXPECT_TRUE(codes.empty());
+
+    // An inquiry lets the next result out, once.
+    decoder->ResetDecoderInfoStatus();
+    decoder->OnUpdateCameraDecoder(custom::DecoderInfo::SOFTWARE_DECODING_MODE);
+    decoder->OnSendDecoderInformation();
+    settle();
+    EXPECT_EQ(codes, std::vector<int>{custom::DecoderInfo::INIT_SOFTWARE_DECODER_SUCCESS});
+
+    // An inquiry with nothing to switch: the current result.
+    decoder->ResetDecoderInfoStatus();
+    decoder->OnSendDecoderInformation();
+    settle();
+    EXPECT_EQ(codes.size(), 2U);
+}
+
 TEST_F(VideoPipeline, IdleDecodingThreadUsesNoProcessor)
 {
     auto decoder = MakeDecoder("pipeline_idle", custom::DecoderInfo::SOFTWARE_DECODING_MODE);

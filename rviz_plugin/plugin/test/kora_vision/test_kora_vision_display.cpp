@@ -18,6 +18,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QPushButton>
 
 #include <rviz/config.h>
@@ -68,6 +69,16 @@ protected:
         }
         return names;
     }
+    // As a user does: type the topic into the item's box, then press Enter.
+    static void TypeTopic(rviz_plugin::VideoControlWidget* item, const QString& topic)
+    {
+        QLineEdit* edit = item->GetTopicCombobox()->lineEdit();
+        edit->clear();
+        for (const QChar& character : topic) {
+            edit->insert(character);
+        }
+        Q_EMIT edit->editingFinished();
+    }
     void AddItems(int count)
     {
         for (int i = 0; i < count; ++i) {
@@ -90,8 +101,8 @@ TEST_F(KoraVisionDisplayTest, ItemsAreNumberedInWallOrderAndRenumberedOnDelete)
     }
     EXPECT_EQ(total->GetCountText(), "Total: 3");
 
-    videos->GetItems().at(1)->SetComboboxCurrentText("/camera/left");
-    videos->GetItems().at(2)->SetComboboxCurrentText("/camera/right");
+    TypeTopic(videos->GetItems().at(1), "/camera/left");
+    TypeTopic(videos->GetItems().at(2), "/camera/right");
     EXPECT_EQ(Names(), (QStringList{"(1)No Image Topic", "(2)/camera/left", "(3)/camera/right"}));
     EXPECT_EQ(display->GetVisionProperty(2)->getName(), "(3)/camera/right");
 
@@ -100,9 +111,78 @@ TEST_F(KoraVisionDisplayTest, ItemsAreNumberedInWallOrderAndRenumberedOnDelete)
     EXPECT_EQ(videos->GetVideoNumber(), 2);
     EXPECT_EQ(total->GetCountText(), "Total: 2");
 
-    videos->GetItems().at(1)->GetTopicCombobox()->setCurrentText("");
+    TypeTopic(videos->GetItems().at(1), "");
     EXPECT_EQ(Names().at(1), "(2)No Image Topic");
 }
+
+TEST_F(KoraVisionDisplayTest, TypedTopicAppliesWhenTypingEndsNotPerKeyPress)
+{
+    AddItems(1);
+    rviz_plugin::VideoControlWidget* item = videos->GetItems().at(0);
+    QLineEdit* edit = item->GetTopicCombobox()->lineEdit();
+    for (const QChar& character : QString("/camera/front")) {
+        edit->insert(character);
+        EXPECT_EQ(Names().at(0), "(1)No Image Topic");
+    }
+    Q_EMIT edit->editingFinished();
+    EXPECT_EQ(Names().at(0), "(1)/camera/front");
+    // The tree's topic shows in the box without applying anything twice.
+    display->GetVisionProperty(0)->GetVisionProperty()->GetImageProperty()->GetTopicProperty()->setString("/camera/rear");
+    EXPECT_EQ(item->GetTopicCombobox()->currentText(), "/camera/rear");
+    EXPECT_EQ(Names().at(0), "(1)/camera/rear");
+}
+
+// The text of a status entry of a list, or "" when there is none.
+QString StatusText(rviz::Property* list, const QString& key)
+{
+    for (int i = 0; i < list->numChildren(); ++i) {
+        if (list->childAt(i)->getName() == key) {
+            return list->childAt(i)->getValue().toString();
+        }
+    }
+    return QString();
+}
+
+class RunningStatusInRviz : public KoraVisionDisplayTest, public testing::WithParamInterface<int> {};
+
+// The simulated car's camera and objects: in step they draw normally; objects stamped 50 ms off never
+// match a picture.
+TEST_P(RunningStatusInRviz, VerdictFollowsTheStampsOfTheSimulatedCar)
+{
+    const int offset = GetParam();
+    test_support::Process car({RVIZ_PLUGIN_SIMULATED_CAR, "--cameras", "1", "--width", "320", "--height", "180",
+                               "--fps", "15", "--perception-offset-ms", std::to_string(offset)},
+                              "/dev/null");
+    AddItems(1);
+    rviz_plugin::KoraVisionProperty* item = display->GetVisionProperty(0);
+    rviz_plugin::VisionProperty* tree = item->GetVisionProperty();
+    tree->GetImageProperty()->GetTopicProperty()->setString("/camera_front");
+    tree->GetObjectProperty()->GetTopicProperty()->setString("/camera_front/objects");
+    tree->GetObjectProperty()->setBool(true);
+    const QString expected = offset == 0 ? "Running, Everything is normal."
+                                         : "The timestamps of the received data entries are inconsistent, and the "
+                                           "visualized perception data cannot be drawn on the image. ";
+    QString text;
+    const bool reached = test_support::WaitFor(
+        [&]() {
+            QApplication::processEvents();
+            text = StatusText(tree->GetGlobalStatusList(), "Running Status");
+            return text == expected;
+        },
+        std::chrono::seconds(30));
+    EXPECT_TRUE(reached) << text.toStdString();
+    if (offset == 0) {
+        EXPECT_NE(StatusText(tree->GetImageProperty()->GetStatusList(), "Frequency"), "0 Hz");
+        EXPECT_TRUE(StatusText(tree->GetGlobalStatusList(), "Processing Time").endsWith(" ms"));
+    } else {
+        // An Error verdict colours the item and the display.
+        EXPECT_EQ(display->getViewData(0, Qt::ForegroundRole).value<QColor>(),
+                  rviz::StatusProperty::statusColor(rviz::StatusProperty::Error));
+    }
+    car.Stop();
+}
+
+INSTANTIATE_TEST_SUITE_P(InStepAndOffset, RunningStatusInRviz, testing::Values(0, 50));
 
 TEST_F(KoraVisionDisplayTest, DroppedTopicAddsAnItemAndOnlyVideoTopicsAreTaken)
 {
@@ -116,8 +196,8 @@ TEST_F(KoraVisionDisplayTest, DroppedTopicAddsAnItemAndOnlyVideoTopicsAreTaken)
 TEST_F(KoraVisionDisplayTest, SaveWritesItemsUnderTheirNumberedNames)
 {
     AddItems(3);
-    videos->GetItems().at(0)->SetComboboxCurrentText("/camera/a");
-    videos->GetItems().at(2)->SetComboboxCurrentText("/camera/c");
+    TypeTopic(videos->GetItems().at(0), "/camera/a");
+    TypeTopic(videos->GetItems().at(2), "/camera/c");
     rviz::Config config;
     display->save(config);
     QStringList keys;
@@ -203,7 +283,7 @@ TEST_F(KoraVisionDisplayTest, PoppedOutVideoReturnsOnFullScreenAndOnDelete)
 {
     AddItems(2);
     rviz_plugin::VideoControlWidget* item = videos->GetItems().at(0);
-    item->SetComboboxCurrentText("/camera/a");
+    TypeTopic(item, "/camera/a");
     item->PopupPanel();
     ASSERT_TRUE(item->IsPoppedOut());
     auto* pop = item->findChild<QPushButton*>("VideoControlWidget_popBt");
