@@ -60,6 +60,7 @@ public:
     IppNode* GetIppNode() const { return ippNode.get(); }
     ImageRender* GetImageRender() const { return imageRender.get(); }
     RunningStatusTool* GetRunningStatusTool() const { return runningStatusTool.get(); }
+    IppParameters* GetIppParameters() const { return ippParameters.get(); }
     // The level of the item's "Global Status" list; Ok before initialisation.
     int GetGlobalStatusLevel() const;
 

@@ -1,5 +1,7 @@
 #include "vision_property.h"
 
+#include "base_display_effects.h"
+#include "base_setting_property.h"
 #include "image_property.h"
 
 #ifndef Q_MOC_RUN
@@ -92,6 +94,7 @@ void VisionProperty::Initialize(rviz::Property* parent, VideoControlWidget* item
     imageFreespaceProperty = AddInput(parent, Freespace);
     imageSemanticSegmentationProperty = AddInput(parent, SemanticSegmentation);
     markerArrayProperty = AddInput(parent, MarkerArray);
+    InitDisplayEffects();
     if (context != nullptr) {
         visibilityBit = context->visibilityBits()->allocBit();
         overlayProperty = new rviz::DisplayGroupVisibilityProperty(
@@ -134,6 +137,23 @@ InputMessageBase* VisionProperty::AddInput(rviz::Property* parent, MessageId id)
         return input;
     }
     return nullptr;
+}
+
+void VisionProperty::InitDisplayEffects()
+{
+    auto* objectEffects = new ObjectDisplayEffects(parameters, objectProperty);
+    objectSetting = new ObjectSettingProperty(parameters, objectEffects);
+    objectSetting->InitDefaultValue(DefaultClassificationTexts::objects);
+    auto* trafficLightEffects = new ImgRectDisplayEffects(parameters, imageRectangleProperty);
+    trafficLightSetting = new ImageRectangleSettingProperty(parameters, trafficLightEffects);
+    trafficLightSetting->InitDefaultValue(DefaultClassificationTexts::trafficLights);
+    auto* roadLineEffects = new ImgLineDisplayEffects(parameters, imageLineProperty);
+    roadLineSetting = new ImageLineSettingProperty(parameters, roadLineEffects);
+    roadLineSetting->InitDefaultValue(DefaultClassificationTexts::roadLines);
+    new FreespaceDisplayEffects(parameters, imageFreespaceProperty);
+    segmentationSetting = new SemanticSegmentationSettingProperty(parameters, imageSemanticSegmentationProperty);
+    segmentationSetting->InitDefaultValue(DefaultClassificationTexts::semanticSegmentation);
+    new MarkerArrayDisplayEffects(parameters, markerArrayProperty);
 }
 
 InputMessageBase* VisionProperty::GetInputProperty(MessageId id) const

@@ -24,6 +24,7 @@ class StatusList;
 
 namespace rviz_plugin {
 
+class BaseSettingProperty;
 class ImageProperty;
 class InputMessageBase;
 class VideoControlWidget;
@@ -48,6 +49,10 @@ public:
     InputMessageBase* GetMarkerArrayProperty() const { return markerArrayProperty; }
     // The input of an id; the image input for Image.
     InputMessageBase* GetInputProperty(MessageId id) const;
+    BaseSettingProperty* GetObjectSetting() const { return objectSetting; }
+    BaseSettingProperty* GetTrafficLightSetting() const { return trafficLightSetting; }
+    BaseSettingProperty* GetRoadLineSetting() const { return roadLineSetting; }
+    BaseSettingProperty* GetSegmentationSetting() const { return segmentationSetting; }
     rviz::IntProperty* GetSyncQueueSizeProperty() const { return syncQueueSizeProperty; }
     rviz::DisplayGroupVisibilityProperty* GetOverlayProperty() const { return overlayProperty; }
     uint32_t GetVisibleBit() const { return visibilityBit; }
@@ -67,6 +72,8 @@ Q_SIGNALS:
 private:
     void InitializedBasicProperties(rviz::Property* parent);
     InputMessageBase* AddInput(rviz::Property* parent, MessageId id);
+    // The display-effect and classification subtrees below the perception inputs.
+    void InitDisplayEffects();
 
     std::unique_ptr<IppParameters>& parameters;
     rviz::StatusList* globalStatusList = nullptr;
@@ -81,6 +88,10 @@ private:
     uint32_t visibilityBit = 0;
     rviz::DisplayGroupVisibilityProperty* overlayProperty = nullptr;
     InputMessageBase* markerArrayProperty = nullptr;
+    BaseSettingProperty* objectSetting = nullptr;
+    BaseSettingProperty* trafficLightSetting = nullptr;
+    BaseSettingProperty* roadLineSetting = nullptr;
+    BaseSettingProperty* segmentationSetting = nullptr;
 };
 
 } // namespace rviz_plugin

@@ -21,13 +21,18 @@ Classifications DefaultRows(const std::vector<std::string>& texts, ColorPool::Co
 }
 } // namespace
 
+const std::vector<std::string> DefaultClassificationTexts::objects = {"bus",   "person", "bike",  "truck",
+                                                                     "motor", "car",    "rider", "unknown"};
+const std::vector<std::string> DefaultClassificationTexts::trafficLights = {"unknown", "red", "green", "yellow", "off"};
+const std::vector<std::string> DefaultClassificationTexts::roadLines = {"0", "1"};
+const std::vector<std::string> DefaultClassificationTexts::semanticSegmentation(8);
+
 IppConfig::IppConfig()
-    : objectClassifications(DefaultRows({"bus", "person", "bike", "truck", "motor", "car", "rider", "unknown"},
-                                        ColorPool::Objects)),
-      imageRectangleClassifications(
-          DefaultRows({"unknown", "red", "green", "yellow", "off"}, ColorPool::TrafficLights)),
-      imageLineClassifications(DefaultRows({"0", "1"}, ColorPool::Lines)),
-      semanticSegmentationClassifications(DefaultRows(std::vector<std::string>(8), ColorPool::SemanticSegmentation))
+    : objectClassifications(DefaultRows(DefaultClassificationTexts::objects, ColorPool::Objects)),
+      imageRectangleClassifications(DefaultRows(DefaultClassificationTexts::trafficLights, ColorPool::TrafficLights)),
+      imageLineClassifications(DefaultRows(DefaultClassificationTexts::roadLines, ColorPool::Lines)),
+      semanticSegmentationClassifications(
+          DefaultRows(DefaultClassificationTexts::semanticSegmentation, ColorPool::SemanticSegmentation))
 {
     messages[Image].enabled = true;
 }

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace rviz_plugin {
 
@@ -38,6 +39,14 @@ struct LabelDisplay {
     bool showObjectId = false;
     bool showTrackId = false;
     bool showTextDisplay = false;
+};
+
+// Texts of the classification rows a new item starts with, by value from 0.
+struct DefaultClassificationTexts {
+    static const std::vector<std::string> objects;
+    static const std::vector<std::string> trafficLights;
+    static const std::vector<std::string> roadLines;
+    static const std::vector<std::string> semanticSegmentation;
 };
 
 // What the overlay thread reads of the item's settings. The classification tables start with the

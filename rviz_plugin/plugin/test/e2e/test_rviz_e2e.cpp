@@ -158,6 +158,28 @@ TEST_F(RvizEndToEnd, ShippedLayoutShowsFourDecodedCamerasOfTheSimulatedCar)
     EXPECT_EQ(rviz->Stop(), 0);
 }
 
+// A saved layout whose "car" row of Objects is red: the simulated car's cars get red boxes, and the
+// row's default orange is nowhere.
+TEST_F(RvizEndToEnd, SavedClassificationColourShowsOnTheVideo)
+{
+    test_support::Environment environment = master->RosEnvironment();
+    test_support::Process car({simulatedCar, "--cameras", "1", "--width", "640", "--height", "360", "--fps", "15"},
+                              work / "simulated_car.log", environment);
+    auto rviz = StartRviz(sourceDirectory + "/test/e2e/configs/red_cars.rviz");
+    ExpectNoPluginError(rviz->Log());
+    std::this_thread::sleep_for(8s);
+    const std::string screenshot = artifactDirectory + "/kora_vision_red_cars.png";
+    ASSERT_TRUE(xserver->Screenshot(screenshot));
+    const QImage image(QString::fromStdString(screenshot));
+    ASSERT_FALSE(image.isNull());
+    const int red = CountInWall(image, [](const QColor& c, int, int) {
+        return c.red() > 235 && c.green() < 30 && c.blue() < 30;
+    });
+    EXPECT_GT(red, 60) << "no red boxes";
+    EXPECT_LT(CountColour(image, QColor(243, 142, 0), 10), 20) << "the default car colour is still drawn";
+    EXPECT_EQ(rviz->Stop(), 0);
+}
+
 TEST_F(RvizEndToEnd, KeysNumberedTwoTenOneLoadInTheOrderOneTwoTen)
 {
     auto rviz = StartRviz(sourceDirectory + "/test/e2e/configs/unordered_keys.rviz");

@@ -4,6 +4,8 @@
 #include "../support/temp_dir.h"
 #include "foundation/rviz_helpers.h"
 #include "kora_vision/associated_widget.h"
+#include "kora_vision/base_classifications.h"
+#include "kora_vision/base_setting_property.h"
 #include "kora_vision/image_property.h"
 #include "kora_vision/kora_vision_display.h"
 #include "kora_vision/kora_vision_property.h"
@@ -13,6 +15,7 @@
 #include "kora_vision/videos_widget.h"
 #include "kora_vision/vision_property.h"
 #include "overlay/ipp_node.h"
+#include "overlay/ipp_parameters.h"
 #include "widgets/title_bar_base.h"
 
 #include <gtest/gtest.h>
@@ -20,9 +23,13 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStyleOptionViewItem>
 
 #include <rviz/config.h>
 #include <rviz/properties/bool_property.h>
+#include <rviz/properties/color_property.h>
+#include <rviz/properties/float_property.h>
+#include <rviz/properties/string_property.h>
 #include <rviz/properties/display_group_visibility_property.h>
 #include <rviz/properties/ros_topic_property.h>
 #include <rviz/properties/status_list.h>
@@ -130,6 +137,154 @@ TEST_F(KoraVisionDisplayTest, TypedTopicAppliesWhenTypingEndsNotPerKeyPress)
     display->GetVisionProperty(0)->GetVisionProperty()->GetImageProperty()->GetTopicProperty()->setString("/camera/rear");
     EXPECT_EQ(item->GetTopicCombobox()->currentText(), "/camera/rear");
     EXPECT_EQ(Names().at(0), "(1)/camera/rear");
+}
+
+// A copy of an item's settings as the overlay thread would take it.
+rviz_plugin::IppConfig ConfigOf(rviz_plugin::KoraVisionProperty* item)
+{
+    std::lock_guard<std::mutex> lock(item->GetIppParameters()->mutex);
+    return item->GetIppParameters()->config;
+}
+
+// The child of that name, or null (rviz's subProp answers a stand-in property when there is none).
+rviz::Property* Child(rviz::Property* parent, const QString& name)
+{
+    for (int i = 0; i < parent->numChildren(); ++i) {
+        if (parent->childAt(i)->getName() == name) {
+            return parent->childAt(i);
+        }
+    }
+    return nullptr;
+}
+
+TEST_F(KoraVisionDisplayTest, ClassificationRowsWriteTheSettingsTheDrawingReads)
+{
+    AddItems(1);
+    rviz_plugin::KoraVisionProperty* item = display->GetVisionProperty(0);
+    rviz_plugin::BaseSettingProperty* objects = item->GetVisionProperty()->GetObjectSetting();
+    ASSERT_EQ(objects->GetRowCount(), 8);
+    EXPECT_EQ(objects->getViewData(0, Qt::DisplayRole).toString(), "Classification Setting (8)");
+    EXPECT_EQ(objects->getName(), "Classification Setting");
+    rviz_plugin::BaseClassifications* car = objects->GetRow(5);
+    EXPECT_EQ(car->getValue().toString(), "5, car");
+    EXPECT_EQ(static_cast<rviz::ColorProperty*>(Child(car, "Color"))->getColor(), QColor(243, 142, 0));
+    EXPECT_EQ(item->GetVisionProperty()->GetTrafficLightSetting()->GetRowCount(), 5);
+    EXPECT_EQ(item->GetVisionProperty()->GetRoadLineSetting()->GetRow(1)->getValue().toString(), "1, solid, 2");
+    EXPECT_EQ(item->GetVisionProperty()->GetSegmentationSetting()->GetRowCount(), 8);
+
+    // A colour changed in the tree is in the settings, with the changed flag, for the next frame.
+    item->GetIppParameters()->configChanged = false;
+    static_cast<rviz::ColorProperty*>(Child(car, "Color"))->setColor(QColor(255, 0, 0));
+    EXPECT_TRUE(item->GetIppParameters()->configChanged);
+    const auto red = std::array<uint8_t, 3>{{255, 0, 0}};
+    EXPECT_EQ(ConfigOf(item).objectClassifications.at(5).color, red);
+
+    // A typed summary moves the row to another value; one that does not parse leaves it alone.
+    car->setValue("9, sedan");
+    EXPECT_EQ(car->getValue().toString(), "9, sedan");
+    EXPECT_EQ(ConfigOf(item).objectClassifications.count(5), 0U);
+    EXPECT_EQ(ConfigOf(item).objectClassifications.at(9).text, "sedan");
+    car->setValue("nine, sedan");
+    EXPECT_EQ(car->getValue().toString(), "9, sedan");
+    static_cast<rviz::StringProperty*>(Child(car, "Text"))->setString("a very long classification name");
+    EXPECT_EQ(ConfigOf(item).objectClassifications.at(9).text, "a very long classifi...");
+
+    // Road line style and segmentation opacity reach their entries too.
+    rviz_plugin::BaseClassifications* line = item->GetVisionProperty()->GetRoadLineSetting()->GetRow(0);
+    line->setValue("0, dash, 5");
+    EXPECT_FALSE(ConfigOf(item).imageLineClassifications.at(0).isSolid);
+    EXPECT_EQ(ConfigOf(item).imageLineClassifications.at(0).lineThickness, 5);
+    rviz_plugin::BaseClassifications* segment = item->GetVisionProperty()->GetSegmentationSetting()->GetRow(2);
+    static_cast<rviz::FloatProperty*>(Child(segment, "Alpha"))->setFloat(1.0F);
+    EXPECT_EQ(ConfigOf(item).semanticSegmentationClassifications.at(2).alpha, 255);
+
+    // Display effects.
+    rviz::Property* effects = Child(item->GetVisionProperty()->GetObjectProperty(), "Display Effects");
+    static_cast<rviz::FloatProperty*>(Child(effects, "Text Scale"))->setFloat(1.5F);
+    static_cast<rviz::BoolProperty*>(Child(effects, "Track ID"))->setBool(true);
+    EXPECT_FLOAT_EQ(ConfigOf(item).objectDisplay.textScale, 1.5F);
+    EXPECT_TRUE(ConfigOf(item).objectDisplay.showTrackId);
+    EXPECT_EQ(Child(Child(item->GetVisionProperty()->GetImageRectangleProperty(), "Display Effects"), "Track ID"),
+              nullptr);
+    rviz::Property* freespace = Child(item->GetVisionProperty()->GetImageFreespaceProperty(), "Display Effects");
+    static_cast<rviz::FloatProperty*>(Child(freespace, "Freespace Alpha"))->setFloat(1.0F);
+    EXPECT_EQ(ConfigOf(item).freespaceColor, (std::array<uint8_t, 4>{{0, 0, 255, 255}}));
+    rviz::Property* markers = Child(item->GetVisionProperty()->GetMarkerArrayProperty(), "Display Effects");
+    static_cast<rviz::IntProperty*>(Child(markers, "Text Thickness"))->setInt(4);
+    EXPECT_EQ(ConfigOf(item).markerThickness, 4);
+}
+
+TEST_F(KoraVisionDisplayTest, RowsAreAddedUpToTheLimitAndDeleted)
+{
+    AddItems(1);
+    rviz_plugin::KoraVisionProperty* item = display->GetVisionProperty(0);
+    rviz_plugin::BaseSettingProperty* lights = item->GetVisionProperty()->GetTrafficLightSetting();
+    lights->OnAddButtonClick();
+    EXPECT_EQ(lights->GetRowCount(), 6);
+    EXPECT_EQ(lights->GetRow(5)->getValue().toString(), "255, not_configured");
+    EXPECT_EQ(ConfigOf(item).imageRectangleClassifications.at(255).text, "not_configured");
+    // Rows come from the Add button of the value cell.
+    std::unique_ptr<QWidget> editor(lights->createEditor(nullptr, QStyleOptionViewItem()));
+    auto* add = qobject_cast<QPushButton*>(editor.get());
+    ASSERT_NE(add, nullptr);
+    add->click();
+    EXPECT_EQ(lights->GetRowCount(), 7);
+    while (lights->GetRowCount() < rviz_plugin::BaseSettingProperty::maxRowCount) {
+        lights->OnAddButtonClick();
+    }
+    EXPECT_TRUE(add->isEnabled() || lights->GetRowCount() == 256);
+    lights->OnAddButtonClick();
+    EXPECT_EQ(lights->GetRowCount(), 256);
+    EXPECT_FALSE(add->isEnabled());
+
+    // Each row's editor has a delete button; the row goes once the editor has let go.
+    while (lights->GetRowCount() > 0) {
+        std::unique_ptr<QWidget> rowEditor(lights->GetRow(0)->createEditor(nullptr, QStyleOptionViewItem()));
+        auto* remove = rowEditor->findChild<QPushButton*>("ClassificationEditor_deleteButton");
+        ASSERT_NE(remove, nullptr);
+        const int before = lights->GetRowCount();
+        remove->click();
+        QApplication::processEvents();
+        ASSERT_EQ(lights->GetRowCount(), before - 1);
+    }
+    EXPECT_EQ(lights->getViewData(0, Qt::DisplayRole).toString(), "Classification Setting (0)");
+    EXPECT_TRUE(ConfigOf(item).imageRectangleClassifications.empty());
+    EXPECT_TRUE(add->isEnabled());
+}
+
+TEST_F(KoraVisionDisplayTest, SavedRowsComeBackOnLoad)
+{
+    AddItems(1);
+    rviz_plugin::KoraVisionProperty* item = display->GetVisionProperty(0);
+    rviz_plugin::BaseSettingProperty* objects = item->GetVisionProperty()->GetObjectSetting();
+    static_cast<rviz::ColorProperty*>(Child(objects->GetRow(5), "Color"))->setColor(QColor(255, 0, 0));
+    objects->OnAddButtonClick();
+    objects->GetRow(8)->setValue("42, tram");
+    rviz::Config config;
+    display->save(config);
+    const rviz::Config saved = config.mapGetChild("(1)No Image Topic")
+                                   .mapGetChild("Objects")
+                                   .mapGetChild("Display Effects")
+                                   .mapGetChild("Classification Setting");
+    ASSERT_TRUE(saved.isValid());
+    int count = 0;
+    EXPECT_TRUE(saved.mapGetInt("Value", &count));
+    EXPECT_EQ(count, 9);
+
+    delete display;
+    display = new KoraVisionDisplay();
+    frame->getManager()->addDisplay(display, true);
+    display->load(config);
+    ASSERT_EQ(display->GetVideoCount(), 1);
+    item = display->GetVisionProperty(0);
+    objects = item->GetVisionProperty()->GetObjectSetting();
+    ASSERT_EQ(objects->GetRowCount(), 9);
+    EXPECT_EQ(objects->GetRow(8)->getValue().toString(), "42, tram");
+    EXPECT_EQ(static_cast<rviz::ColorProperty*>(Child(objects->GetRow(5), "Color"))->getColor(), QColor(255, 0, 0));
+    const rviz_plugin::IppConfig loaded = ConfigOf(item);
+    EXPECT_EQ(loaded.objectClassifications.size(), 9U);
+    EXPECT_EQ(loaded.objectClassifications.at(5).color, (std::array<uint8_t, 3>{{255, 0, 0}}));
+    EXPECT_EQ(loaded.objectClassifications.at(42).text, "tram");
 }
 
 // The text of a status entry of a list, or "" when there is none.
@@ -360,7 +515,7 @@ TEST_F(KoraVisionDisplayTest, ItemTreeHasEveryInputAndItsSettingsReachTheOverlay
     for (int i = 0; i < vision->GetObjectProperty()->numChildren(); ++i) {
         inputChildren << vision->GetObjectProperty()->childAt(i)->getName().section(':', 0, 0);
     }
-    EXPECT_EQ(inputChildren, (QStringList{"Status", "Topic", "Queue Size"}));
+    EXPECT_EQ(inputChildren, (QStringList{"Status", "Topic", "Queue Size", "Display Effects"}));
     EXPECT_EQ(vision->GetObjectProperty()->GetTopicProperty()->getMessageType(), "custom/ObjectArray");
     EXPECT_EQ(vision->GetMarkerArrayProperty()->GetTopicProperty()->getMessageType(),
               "visualization_msgs/MarkerArray");

@@ -1,0 +1,120 @@
+#ifndef RVIZ_PLUGIN_BASE_CLASSIFICATIONS_H
+#define RVIZ_PLUGIN_BASE_CLASSIFICATIONS_H
+
+#include "kora_vision_logic/classification_summary.h"
+#include "overlay/ipp_parameters.h"
+
+#include <QLineEdit>
+
+#ifndef Q_MOC_RUN
+#include <rviz/properties/int_property.h>
+#include <rviz/properties/property.h>
+#endif
+
+#include <memory>
+
+namespace rviz {
+class BoolProperty;
+class ColorProperty;
+class FloatProperty;
+class StringProperty;
+} // namespace rviz
+
+namespace rviz_plugin {
+
+// The "Value" of a classification row: the class number a perception message carries, 0 to 255.
+class ClassificationValueProperty : public rviz::IntProperty {
+    Q_OBJECT
+public:
+    explicit ClassificationValueProperty(unsigned value, rviz::Property* parent);
+};
+
+// The editor of a row's value cell: the summary, which may be typed over, and a delete button.
+class ClassificationEditor : public QLineEdit {
+    Q_OBJECT
+public:
+    explicit ClassificationEditor(QWidget* parent);
+
+Q_SIGNALS:
+    void DeleteClicked();
+};
+
+// One "Classification" row: how the results of one class value look. Every change is written to
+// the item's settings under their mutex; the row's value column shows its summary.
+class BaseClassifications : public rviz::Property {
+    Q_OBJECT
+public:
+    BaseClassifications(const QString& description, ClassificationSummary::Kind kind,
+                        std::unique_ptr<IppParameters>& parameters, Classifications IppConfig::*table,
+                        rviz::Property* parent = nullptr);
+
+    void Initialize(const unsigned& value, const QColor& color, const QString& text);
+    unsigned GetClassificationValue() const { return currentValue; }
+    ClassificationSummary GetSummary() const;
+    // Writes the row's entry into the settings.
+    void RefreshIppParameterData();
+
+    // A typed summary; one that does not parse leaves the row as it was.
+    bool setValue(const QVariant& value) override;
+    // Only the children: the row's own value is their summary, and "Value" is the name of a child.
+    void save(rviz::Config config) const override;
+    void load(const rviz::Config& config) override;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option) override;
+
+Q_SIGNALS:
+    void DeletedClassification(const unsigned& value);
+
+public Q_SLOTS:
+    void OnDeleteButtonClick();
+
+private Q_SLOTS:
+    void UpdateClassificationValue();
+    void UpdateClassificationData();
+
+private:
+    void ChangeContentValue(const ClassificationSummary& summary);
+    void SetPropertyValueString();
+    // Replaces the entry of oldValue by the row's present settings.
+    void ReplaceIppParameterData(unsigned oldValue);
+
+    ClassificationSummary::Kind kind;
+    std::unique_ptr<IppParameters>& parameters;
+    Classifications IppConfig::*table;
+    ClassificationValueProperty* valueProperty = nullptr;
+    rviz::StringProperty* textProperty = nullptr;
+    rviz::ColorProperty* colorProperty = nullptr;
+    rviz::BoolProperty* isSolidProperty = nullptr;
+    rviz::IntProperty* lineThicknessProperty = nullptr;
+    rviz::FloatProperty* alphaProperty = nullptr;
+    unsigned currentValue = 0;
+    // Set while the row fills its children itself, so that each child's change is not written alone.
+    bool updating = false;
+};
+
+class ObjectClassifications : public BaseClassifications {
+    Q_OBJECT
+public:
+    ObjectClassifications(std::unique_ptr<IppParameters>& parameters, rviz::Property* parent = nullptr);
+};
+
+class ImgRectClassifications : public BaseClassifications {
+    Q_OBJECT
+public:
+    ImgRectClassifications(std::unique_ptr<IppParameters>& parameters, rviz::Property* parent = nullptr);
+};
+
+class ImgLineClassifications : public BaseClassifications {
+    Q_OBJECT
+public:
+    ImgLineClassifications(std::unique_ptr<IppParameters>& parameters, rviz::Property* parent = nullptr);
+};
+
+class SemanticSegmentationClassifications : public BaseClassifications {
+    Q_OBJECT
+public:
+    SemanticSegmentationClassifications(std::unique_ptr<IppParameters>& parameters, rviz::Property* parent = nullptr);
+};
+
+} // namespace rviz_plugin
+
+#endif
