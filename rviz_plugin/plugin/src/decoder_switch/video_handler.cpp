@@ -60,6 +60,12 @@ int VideoHandler::GetDecoderCount()
     return decoders.size();
 }
 
+QStringList VideoHandler::GetDecoderTopics()
+{
+    std::lock_guard<std::recursive_mutex> lock(decoderMapMutex);
+    return decoders.keys();
+}
+
 VideoDecoder* VideoHandler::FindDecoder(const QString& realTopic)
 {
     std::lock_guard<std::recursive_mutex> lock(decoderMapMutex);

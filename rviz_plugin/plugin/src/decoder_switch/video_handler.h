@@ -4,6 +4,7 @@
 #include <QMap>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #ifndef Q_MOC_RUN
 #include <custom/DecoderInfo.h>
@@ -39,6 +40,8 @@ public:
     // The topic a decoder subscribes for a chosen topic: the text behind its last "/".
     static QString GetRealTopic(const QString& topic);
     static int GetDecoderCount();
+    // The real topics that have a decoder, in order.
+    static QStringList GetDecoderTopics();
     static VideoDecoder* FindDecoder(const QString& realTopic);
 
 Q_SIGNALS:

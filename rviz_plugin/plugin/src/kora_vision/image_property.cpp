@@ -1,5 +1,6 @@
 #include "image_property.h"
 
+#include "decoder_property.h"
 #include "video_control_widget.h"
 
 #ifndef Q_MOC_RUN
@@ -25,6 +26,8 @@ ImageProperty::ImageProperty(std::unique_ptr<IppParameters>& params, rviz::Prope
                        params, parent)
 {
 }
+
+ImageProperty::~ImageProperty() = default;
 
 void ImageProperty::Initialize(VideoControlWidget* widget)
 {
@@ -83,6 +86,8 @@ void ImageProperty::InitializeBasicProperties(const QString& messageType, const 
                                               const QString& queueDescription)
 {
     InputMessageBase::InitializeBasicProperties(messageType, topicDescription, queueDescription);
+    // The decoder choice stands before "Topic".
+    decoderProperty = std::make_unique<DecoderProperty>(this, topicProperty->rowNumberInParent());
     croppingProperty = new rviz::BoolProperty("Cropping", false, "Allows you to crop the image to adjust its display.",
                                               this, SLOT(OnCroppingChange()), this);
     croppingProperty->setDisableChildrenIfFalse(true);

@@ -13,6 +13,7 @@ class IntProperty;
 
 namespace rviz_plugin {
 
+class DecoderProperty;
 class VideoControlWidget;
 
 // The "Image" input: always on; its topic follows the item's topic chooser and the other way round.
@@ -21,12 +22,14 @@ class ImageProperty : public InputMessageBase {
     Q_OBJECT
 public:
     ImageProperty(std::unique_ptr<IppParameters>& parameters, rviz::Property* parent = nullptr);
+    ~ImageProperty() override;
 
     void Initialize(VideoControlWidget* widget);
     Qt::ItemFlags getViewFlags(int column) const override;
     QVariant getViewData(int column, int role) const override;
 
     rviz::BoolProperty* GetCroppingProperty() const { return croppingProperty; }
+    DecoderProperty* GetDecoderProperty() const { return decoderProperty.get(); }
 
 public Q_SLOTS:
     void OnSubscriptionInfoChanged() override;
@@ -56,6 +59,7 @@ private:
     rviz::IntProperty* AddEdgeProperty(const QString& name, const QString& description, const char* slot);
 
     QPointer<VideoControlWidget> videoControlWidget;
+    std::unique_ptr<DecoderProperty> decoderProperty;
     const int minZoomFactor = 100;
     const int maxZoomFactor = 200;
     rviz::BoolProperty* croppingProperty = nullptr;

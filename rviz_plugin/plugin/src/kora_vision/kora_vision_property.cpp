@@ -1,5 +1,6 @@
 #include "kora_vision_property.h"
 
+#include "decoder_property.h"
 #include "image_property.h"
 #include "image_render.h"
 #include "non_interactive_render_panel.h"
@@ -72,6 +73,7 @@ void KoraVisionProperty::Initialize(VideoControlWidget* videoItem, rviz::Display
     InitConnection();
     InitPerceptionConnection();
     InitStatusConnection();
+    visionProperty->GetImageProperty()->GetDecoderProperty()->UpdateDecoderSelectionMode();
 }
 
 template <typename Handler, typename Slot>
@@ -188,6 +190,13 @@ void KoraVisionProperty::InitConnection()
     ImageProperty* image = visionProperty->GetImageProperty();
     connect(image, &InputMessageBase::Subscribe, videoHandler.get(), &VideoHandler::OnSubscribe);
     connect(image, &InputMessageBase::UnSubscribe, videoHandler.get(), &VideoHandler::OnUnsubscribe);
+    DecoderProperty* decoder = image->GetDecoderProperty();
+    connect(decoder, &DecoderProperty::SendDecoderSelectionMode, videoHandler.get(),
+            &VideoHandler::OnSendDecoderSelectionMode);
+    connect(decoder, &DecoderProperty::SendDecoderInformation, videoHandler.get(),
+            &VideoHandler::OnSendDecoderInformation);
+    connect(videoHandler.get(), &VideoHandler::ChangeDecoderSelectionInternal, decoder,
+            &DecoderProperty::OnChangeDecoderSelectionInternal);
     connect(videoHandler.get(), &VideoHandler::RequestDisplayReset, this, &KoraVisionProperty::ResetDisplay);
     connect(videoHandler.get(), &VideoHandler::RequestDisplayRenderContext, this, &KoraVisionProperty::RenderContext);
     connect(videoHandler.get(), &VideoHandler::ChangeTopicName, this, &KoraVisionProperty::UpdateVisionName);

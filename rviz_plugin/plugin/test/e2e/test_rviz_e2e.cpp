@@ -155,6 +155,9 @@ TEST_F(RvizEndToEnd, ShippedLayoutShowsFourDecodedCamerasOfTheSimulatedCar)
     EXPECT_EQ(SavedTopic(saved, "(2)/camera_left"), "/camera_left") << saved;
     EXPECT_EQ(SavedTopic(saved, "(3)/camera_right"), "/camera_right") << saved;
     EXPECT_EQ(SavedTopic(saved, "(4)/camera_rear"), "/camera_rear") << saved;
+    // The decoder switch tool loaded from the layout and saved its selection.
+    EXPECT_NE(saved.find("- Class: rviz_plugin/DecoderSwitch\n      Decoder Selection: Software"), std::string::npos)
+        << saved;
     EXPECT_EQ(rviz->Stop(), 0);
 }
 

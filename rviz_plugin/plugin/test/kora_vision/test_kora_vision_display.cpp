@@ -4,7 +4,9 @@
 #include "../support/temp_dir.h"
 #include "foundation/rviz_helpers.h"
 #include "kora_vision/associated_widget.h"
+#include "decoder_switch/decoder_switch.h"
 #include "kora_vision/base_classifications.h"
+#include "kora_vision/decoder_property.h"
 #include "kora_vision/base_setting_property.h"
 #include "kora_vision/image_property.h"
 #include "kora_vision/kora_vision_display.h"
@@ -21,6 +23,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyleOptionViewItem>
@@ -41,6 +44,9 @@
 #include <rviz/visualization_manager.h>
 #include <ros/ros.h>
 
+#include <filesystem>
+#include <functional>
+#include <iostream>
 #include <memory>
 
 using rviz_plugin::KoraVisionDisplay;
@@ -338,6 +344,129 @@ TEST_P(RunningStatusInRviz, VerdictFollowsTheStampsOfTheSimulatedCar)
 }
 
 INSTANTIATE_TEST_SUITE_P(InStepAndOffset, RunningStatusInRviz, testing::Values(0, 50));
+
+// Pumps the event loop, objects left to deleteLater included, until done, or false after the timeout.
+bool PumpUntil(const std::function<bool()>& done, std::chrono::milliseconds timeout)
+{
+    return test_support::WaitFor(
+        [&]() {
+            QApplication::processEvents();
+            QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            return done();
+        },
+        timeout);
+}
+
+class DecoderSwitchInRviz : public KoraVisionDisplayTest {
+protected:
+    void SetUp() override
+    {
+        KoraVisionDisplayTest::SetUp();
+        tool = std::make_unique<rviz_plugin::DecoderSwitch>();
+        tool->initialize(frame->getManager());
+    }
+    void TearDown() override
+    {
+        tool.reset();
+        KoraVisionDisplayTest::TearDown();
+    }
+
+    // Runs the tool once: chooses mode in its first dialog, accepts the processor warning if one
+    // comes, and returns the result dialog's summary ("" when none came). stall is the longest time
+    // the event loop did not run meanwhile.
+    QString Switch(int mode, std::chrono::milliseconds& stall)
+    {
+        tool->activate();
+        rviz_plugin::DecoderTypeSelectDlg* select = tool->GetSelectDialog();
+        EXPECT_NE(select, nullptr);
+        if (select == nullptr) {
+            return QString();
+        }
+        EXPECT_EQ(select->windowTitle(), "Select Decoder");
+        // Let the count of decoders come back before choosing, as a user's click would.
+        PumpUntil([]() { return false; }, std::chrono::milliseconds(500));
+        select->SelectMode(mode);
+        select->accept();
+        if (auto* alarm = tool->GetAlarmDialog()) {
+            EXPECT_EQ(alarm->windowTitle(), "Switching Decoder");
+            alarm->accept();
+        }
+        stall = std::chrono::milliseconds(0);
+        auto last = std::chrono::steady_clock::now();
+        const bool shown = PumpUntil(
+            [&]() {
+                const auto now = std::chrono::steady_clock::now();
+                stall = std::max(stall, std::chrono::duration_cast<std::chrono::milliseconds>(now - last));
+                last = now;
+                return tool->GetDetailDialog() != nullptr;
+            },
+            std::chrono::seconds(8));
+        if (!shown) {
+            return QString();
+        }
+        auto* summary = tool->GetDetailDialog()->findChild<QLabel*>("DecoderSwitch_summaryLabel");
+        return summary == nullptr ? QString() : summary->text();
+    }
+
+    std::unique_ptr<rviz_plugin::DecoderSwitch> tool;
+};
+
+TEST_F(DecoderSwitchInRviz, WithoutDecodersTheResultComesAtOnce)
+{
+    std::chrono::milliseconds stall{0};
+    EXPECT_EQ(Switch(custom::DecoderInfo::SOFTWARE_DECODING_MODE, stall),
+              "0 KORA Vision decoders have been successfully switched to Software decoders.");
+}
+
+// The simulated car's front camera: NVIDIA fails here with its code and text, and the video comes
+// back after switching to software.
+TEST_F(DecoderSwitchInRviz, HardwareFailsHereAndSoftwareBringsTheVideoBack)
+{
+    test_support::Process car({RVIZ_PLUGIN_SIMULATED_CAR, "--cameras", "1", "--width", "320", "--height", "180",
+                               "--fps", "15"},
+                              "/dev/null");
+    AddItems(1);
+    rviz_plugin::KoraVisionProperty* item = display->GetVisionProperty(0);
+    rviz_plugin::ImageProperty* image = item->GetVisionProperty()->GetImageProperty();
+    image->GetTopicProperty()->setString("/camera_front");
+    const auto frequency = [image]() { return StatusText(image->GetStatusList(), "Frequency"); };
+    ASSERT_TRUE(PumpUntil([&]() { return frequency() != "0 Hz" && !frequency().isEmpty(); }, std::chrono::seconds(20)));
+
+    std::chrono::milliseconds stall{0};
+    const QString failed = Switch(custom::DecoderInfo::NVIDIA_HARDWARE_DECODING_MODE, stall);
+    EXPECT_EQ(failed, "0 KORA Vision decoders have been successfully switched to NVIDIA decoders. 1 KORA Vision "
+                      "decoders failed to be switched. ");
+    EXPECT_LT(stall.count(), 250) << "event loop stalled";
+    std::cout << "[ figure ] GUI stall during a switch of 1 decoder to NVIDIA: " << stall.count() << " ms" << std::endl;
+    auto* detail = tool->GetDetailDialog()->findChild<QLabel*>("DecoderSwitch_detailLabel");
+    ASSERT_NE(detail, nullptr);
+    EXPECT_TRUE(detail->text().contains("(error code:-3 Failed to create the NVIDIA hardware decoder."))
+        << detail->text().toStdString();
+    EXPECT_EQ(StatusText(image->GetStatusList(), "Decoder Status").left(40),
+              QString(" Failed to create the NVIDIA hardware decoder.").left(40));
+    EXPECT_EQ(image->GetDecoderProperty()->GetMode(), custom::DecoderInfo::NVIDIA_HARDWARE_DECODING_MODE);
+    ASSERT_TRUE(PumpUntil([&]() { return frequency() == "0 Hz"; }, std::chrono::seconds(5)));
+    tool->GetDetailDialog()->accept();
+    PumpUntil([this]() { return tool->GetDetailDialog() == nullptr; }, std::chrono::seconds(2));
+
+    const QString switched = Switch(custom::DecoderInfo::SOFTWARE_DECODING_MODE, stall);
+    EXPECT_EQ(switched, "1 KORA Vision decoders have been successfully switched to Software decoders.");
+    std::cout << "[ figure ] GUI stall during a switch of 1 decoder to software: " << stall.count() << " ms"
+              << std::endl;
+    ASSERT_NE(tool->GetDetailDialog(), nullptr);
+    QPushButton* show = tool->GetDetailDialog()->findChild<QPushButton*>("DecoderSwitch_detailButton");
+    ASSERT_NE(show, nullptr);
+    tool->GetDetailDialog()->show();
+    show->click();
+    EXPECT_EQ(show->text(), "Hide Detail");
+    EXPECT_TRUE(tool->GetDetailDialog()->IsDetailShown());
+    QApplication::processEvents();
+    std::filesystem::create_directories(RVIZ_PLUGIN_ARTIFACT_DIR);
+    tool->GetDetailDialog()->grab().save(RVIZ_PLUGIN_ARTIFACT_DIR "/decoder_switch_result.png");
+    EXPECT_EQ(StatusText(image->GetStatusList(), "Decoder Status"), " A software decoder is successfully created.");
+    EXPECT_TRUE(PumpUntil([&]() { return frequency() != "0 Hz"; }, std::chrono::seconds(10))) << "no video after";
+    car.Stop();
+}
 
 TEST_F(KoraVisionDisplayTest, DroppedTopicAddsAnItemAndOnlyVideoTopicsAreTaken)
 {
