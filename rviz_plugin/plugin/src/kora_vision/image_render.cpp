@@ -12,15 +12,18 @@ extern "C" {
 
 #ifndef Q_MOC_RUN
 #include <OgreCamera.h>
+#include <OgreMatrix4.h>
 #include <OgreRenderWindow.h>
 #include <OgreSceneNode.h>
 #include <OgreViewport.h>
 #include <rviz/display_context.h>
+#include <rviz/frame_manager.h>
 #endif
 
 namespace rviz_plugin {
 
 namespace {
+const char* const logModule = "KoraVision";
 constexpr uint8_t imageRenderQueue = 0;
 constexpr uint8_t overlayRenderQueue = 99;
 } // namespace
@@ -90,64 +93,184 @@ void ImageRender::UpdateImageDisplay()
     windowHeight = static_cast<unsigned>(renderPanel->height());
     std::lock_guard<std::mutex> lock(mutex);
     imageRectangle->ConvertImageTextureFormat();
-    newTextureLoaded = imageRectangle->UpdateDisplayedImage(false);
+    newTextureLoaded = imageRectangle->UpdateDisplayedImage(visibilityEnabled);
     overlayShown = !overlayRectangle->IsEmptyTexture();
     overlayRectangle->ConvertImageTextureFormat();
-    overlayRectangle->UpdateDisplayedImage(false);
+    overlayRectangle->UpdateDisplayedImage(visibilityEnabled);
     if (!UpdateCamera()) {
-        Orsa::Logger::GetInstance().WriteLog("KoraVision", Orsa::LogLevel::Debug, "Failed to update camera");
+        Orsa::Logger::GetInstance().WriteLog(logModule, Orsa::LogLevel::Debug, "Failed to update camera");
     }
     renderPanel->getRenderWindow()->update(true);
 }
 
-bool ImageRender::UpdateZoomParameters(unsigned textureWidth, unsigned textureHeight, unsigned width,
-                                       unsigned height, Zoom& zoom)
+bool ImageRender::UpdateFocus(const sensor_msgs::CameraInfo* info)
 {
-    zoom = Zoom();
-    if (textureWidth == 0 || textureHeight == 0 || width == 0 || height == 0) {
-        Orsa::Logger::GetInstance().WriteLog(
-            "KoraVision", Orsa::LogLevel::Debug,
-            "texture size or window size is zero. textureWidth: " + std::to_string(textureWidth) +
-                " textureHeight: " + std::to_string(textureHeight) + " windowWidth: " + std::to_string(width) +
-                " windowHeight: " + std::to_string(height));
+    focalX = 1.0F;
+    focalY = 1.0F;
+    if (!visibilityEnabled) {
+        return true;
+    }
+    if (info == nullptr) {
+        Orsa::Logger::GetInstance().WriteLog(logModule, Orsa::LogLevel::Error,
+                                             "Required camera info, but no camera info found");
         return false;
     }
-    const float imageAspect = static_cast<float>(textureWidth) / static_cast<float>(textureHeight);
-    const float windowAspect = static_cast<float>(width) / static_cast<float>(height);
-    if (imageAspect <= windowAspect) {
-        zoom.x = imageAspect / windowAspect;
-    } else {
-        zoom.y = windowAspect / imageAspect;
-    }
+    focalX = static_cast<float>(info->P[0]);
+    focalY = static_cast<float>(info->P[5]);
     return true;
 }
 
 bool ImageRender::UpdateCamera()
 {
-    Zoom zoom;
-    if (!UpdateZoomParameters(imageRectangle->GetTextureWidth(), imageRectangle->GetTextureHeight(), windowWidth,
-                              windowHeight, zoom)) {
+    // A local copy: the camera info may be replaced while it is in use.
+    const boost::shared_ptr<const sensor_msgs::CameraInfo> info = cameraInfo;
+    if (!UpdateFocus(info.get())) {
         return false;
     }
-    UpdateRectangleCorners(zoom);
+    const unsigned textureWidth = imageRectangle->GetTextureWidth();
+    const unsigned textureHeight = imageRectangle->GetTextureHeight();
+    if (!ImageGeometry::UpdateZoomParameters(textureWidth, textureHeight, windowWidth, windowHeight, focalX, focalY,
+                                             cropping, zoom)) {
+        Orsa::Logger::GetInstance().WriteLog(
+            logModule, Orsa::LogLevel::Debug,
+            "texture size or window size is zero. textureWidth: " + std::to_string(textureWidth) +
+                " textureHeight: " + std::to_string(textureHeight) + " windowWidth: " +
+                std::to_string(windowWidth) + " windowHeight: " + std::to_string(windowHeight));
+        return false;
+    }
+    if (visibilityEnabled && newTextureLoaded && info != nullptr &&
+        !ApplyCameraInfo(*info, imageRectangle->GetTextureHeader())) {
+        Orsa::Logger::GetInstance().WriteLog(logModule, Orsa::LogLevel::Debug,
+                                             "Failed to update camera with camera info");
+    }
+    UpdateRectangleCorners(info.get());
     UpdateTextureIndex();
     return true;
 }
 
-void ImageRender::UpdateRectangleCorners(const Zoom& zoom)
+bool ImageRender::ApplyCameraInfo(const sensor_msgs::CameraInfo& info, const std_msgs::Header& header)
 {
+    if (info.header.frame_id != header.frame_id) {
+        Orsa::Logger::GetInstance().WriteLog(logModule, Orsa::LogLevel::Warn,
+                                             "The camera info frame id is different with image header frame id. "
+                                             "CameraInfo Id: " +
+                                                 info.header.frame_id + " Image Id: " + header.frame_id);
+    }
+    Ogre::Vector3 position;
+    Ogre::Quaternion orientation;
+    if (context == nullptr || !context->getFrameManager()->getTransform(header.frame_id, header.stamp, position,
+                                                                         orientation)) {
+        Orsa::Logger::GetInstance().WriteLog(logModule, Orsa::LogLevel::Debug,
+                                             "Failed to get display transform. TF message may be wrong.");
+        return false;
+    }
+    // The image's y axis points down, the camera's up.
+    orientation = orientation * Ogre::Quaternion(Ogre::Degree(180), Ogre::Vector3::UNIT_X);
+    const float transformX = static_cast<float>(-info.P[3]) / focalX;
+    const float transformY = static_cast<float>(-info.P[7]) / focalY;
+    position = position + orientation * Ogre::Vector3::UNIT_X * transformX +
+               orientation * Ogre::Vector3::UNIT_Y * transformY;
+    Ogre::Camera* camera = renderPanel->getCamera();
+    camera->getParentSceneNode()->setPosition(position);
+    camera->getParentSceneNode()->setOrientation(orientation);
+    const std::array<float, 16> projection = ImageGeometry::CameraProjectionMatrix(
+        focalX, focalY, static_cast<float>(info.P[2]), static_cast<float>(info.P[6]), info.width, info.height, zoom);
+    camera->setCustomProjectionMatrix(true, Ogre::Matrix4(projection[0], projection[1], projection[2], projection[3],
+                                                          projection[4], projection[5], projection[6], projection[7],
+                                                          projection[8], projection[9], projection[10], projection[11],
+                                                          projection[12], projection[13], projection[14],
+                                                          projection[15]));
+    return true;
+}
+
+void ImageRender::UpdateRectangleCorners(const sensor_msgs::CameraInfo* info)
+{
+    ImageGeometry::RegionOfInterest roi;
+    unsigned imageWidth = 0;
+    unsigned imageHeight = 0;
+    if (info != nullptr) {
+        roi = {info->roi.x_offset, info->roi.y_offset, info->roi.width, info->roi.height};
+        imageWidth = info->width;
+        imageHeight = info->height;
+    }
+    const ImageGeometry::Corners corners = ImageGeometry::UpdateRectangleCorners(zoom, roi, imageWidth, imageHeight);
     for (RenderRectangle* rectangle : {imageRectangle.get(), overlayRectangle.get()}) {
-        rectangle->SetRenderRectangleRegion(defaultCornerLeft * zoom.x, defaultCornerTop * zoom.y,
-                                            defaultCornerRight * zoom.x, defaultCornerBottom * zoom.y);
+        rectangle->SetRenderRectangleRegion(corners.left, corners.top, corners.right, corners.bottom);
     }
 }
 
 void ImageRender::UpdateTextureIndex()
 {
+    const ImageGeometry::TextureWindow window = ImageGeometry::UpdateTextureIndex(cropping);
     for (RenderRectangle* rectangle : {imageRectangle.get(), overlayRectangle.get()}) {
-        rectangle->SetImageTextureIndex(Ogre::Vector2(0, 0), Ogre::Vector2(0, 1), Ogre::Vector2(1, 0),
-                                        Ogre::Vector2(1, 1));
+        rectangle->SetImageTextureIndex(Ogre::Vector2(window.left, window.top), Ogre::Vector2(window.left, window.bottom),
+                                        Ogre::Vector2(window.right, window.top),
+                                        Ogre::Vector2(window.right, window.bottom));
     }
+}
+
+void ImageRender::OnSendCroppingStatus(bool enabled)
+{
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        cropping.enabled = enabled;
+    }
+    UpdateImageDisplay();
+}
+
+void ImageRender::OnSendCroppingType(bool zoomType)
+{
+    std::lock_guard<std::mutex> lock(mutex);
+    cropping.zoom = zoomType;
+}
+
+void ImageRender::OnSendZoomFactor(int factor)
+{
+    std::lock_guard<std::mutex> lock(mutex);
+    cropping.zoomFactor = factor;
+}
+
+void ImageRender::OnSendCroppingPercentage(int percent, int side)
+{
+    if (side < ImageGeometry::Cropping::Top || side > ImageGeometry::Cropping::Right) {
+        return;
+    }
+    std::lock_guard<std::mutex> lock(mutex);
+    cropping.percent[static_cast<std::size_t>(side)] = percent;
+}
+
+void ImageRender::OnSendVisibilityStatus(bool visible)
+{
+    std::lock_guard<std::mutex> lock(mutex);
+    visibilityEnabled = visible;
+    if (!visible && renderPanel != nullptr && renderPanel->getCamera() != nullptr) {
+        renderPanel->getCamera()->setCustomProjectionMatrix(false);
+        MoveCameraAway();
+    }
+}
+
+void ImageRender::OnUpdateCameraInfo(const boost::shared_ptr<const sensor_msgs::CameraInfo>& info)
+{
+    std::lock_guard<std::mutex> lock(mutex);
+    cameraInfo = info;
+}
+
+std::pair<unsigned, unsigned> ImageRender::GetImageTextureSize()
+{
+    std::lock_guard<std::mutex> lock(mutex);
+    return {imageRectangle->GetTextureWidth(), imageRectangle->GetTextureHeight()};
+}
+
+ImageGeometry::Cropping ImageRender::GetCropping()
+{
+    std::lock_guard<std::mutex> lock(mutex);
+    return cropping;
+}
+
+ImageGeometry::Zoom ImageRender::GetZoom()
+{
+    std::lock_guard<std::mutex> lock(mutex);
+    return zoom;
 }
 
 void ImageRender::Clear()

@@ -3,6 +3,7 @@
 
 #include "render_rectangle.h"
 
+#include "kora_vision_logic/image_geometry.h"
 #include "overlay/image_texture_sink.h"
 
 #include <QObject>
@@ -11,11 +12,13 @@
 #ifndef Q_MOC_RUN
 #include <OgreRenderTargetListener.h>
 #include <rviz/properties/status_property.h>
+#include <sensor_msgs/CameraInfo.h>
 #endif
 
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <utility>
 
 namespace Ogre {
 class SceneManager;
@@ -55,13 +58,18 @@ public:
     void preRenderTargetUpdate(const Ogre::RenderTargetEvent& event) override;
     void postRenderTargetUpdate(const Ogre::RenderTargetEvent& event) override;
 
-    // Corners of the picture in the window, letterboxed: the picture keeps its aspect.
-    struct Zoom {
-        float x = 1.0F;
-        float y = 1.0F;
-    };
-    static bool UpdateZoomParameters(unsigned textureWidth, unsigned textureHeight, unsigned windowWidth,
-                                     unsigned windowHeight, Zoom& zoom);
+    // Size of the video texture now on the quad (the idle picture's when no frame is shown).
+    std::pair<unsigned, unsigned> GetImageTextureSize();
+    ImageGeometry::Cropping GetCropping();
+    ImageGeometry::Zoom GetZoom();
+
+public Q_SLOTS:
+    void OnSendCroppingStatus(bool enabled);
+    void OnSendCroppingType(bool zoom);
+    void OnSendZoomFactor(int factor);
+    void OnSendCroppingPercentage(int percent, int side);
+    void OnSendVisibilityStatus(bool visible);
+    void OnUpdateCameraInfo(const boost::shared_ptr<const sensor_msgs::CameraInfo>& info);
 
 Q_SIGNALS:
     void UpdateVisibilityProperty();
@@ -69,22 +77,26 @@ Q_SIGNALS:
 
 private:
     bool UpdateCamera();
+    bool UpdateFocus(const sensor_msgs::CameraInfo* info);
+    bool ApplyCameraInfo(const sensor_msgs::CameraInfo& info, const std_msgs::Header& header);
     void MoveCameraAway();
-    void UpdateRectangleCorners(const Zoom& zoom);
+    void UpdateRectangleCorners(const sensor_msgs::CameraInfo* info);
     void UpdateTextureIndex();
 
     const float nearClipDistance = 0.01F;
-    const float defaultCornerTop = 1.0F;
-    const float defaultCornerBottom = -1.0F;
-    const float defaultCornerLeft = -1.0F;
-    const float defaultCornerRight = 1.0F;
     const float cameraIdlePosition = 999999.0F;
     Ogre::SceneManager* sceneManager = nullptr;
     NonInteractiveRenderPanel* renderPanel = nullptr;
     std::unique_ptr<RenderRectangle> imageRectangle;
     std::unique_ptr<RenderRectangle> overlayRectangle;
     std::mutex mutex;
+    ImageGeometry::Cropping cropping;
+    bool visibilityEnabled = false;
     bool newTextureLoaded = false;
+    boost::shared_ptr<const sensor_msgs::CameraInfo> cameraInfo;
+    ImageGeometry::Zoom zoom;
+    float focalX = 1.0F;
+    float focalY = 1.0F;
     bool overlayShown = false;
     rviz::DisplayContext* context = nullptr;
     std::atomic<bool> frameSeen{false};

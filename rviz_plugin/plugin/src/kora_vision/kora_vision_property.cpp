@@ -203,6 +203,14 @@ void KoraVisionProperty::InitConnection()
     connect(videoHandler.get(), &VideoHandler::SetStatus, image, &InputMessageBase::OnSetStatus);
     connect(videoHandler.get(), &VideoHandler::DeleteStatus, image, &InputMessageBase::OnDeleteStatus);
     connect(imageRender.get(), &ImageRender::SendRenderStatus, image, &InputMessageBase::OnSetStatus);
+    connect(image, &ImageProperty::SendCroppingStatus, imageRender.get(), &ImageRender::OnSendCroppingStatus);
+    connect(image, &ImageProperty::SendCroppingType, imageRender.get(), &ImageRender::OnSendCroppingType);
+    connect(image, &ImageProperty::SendZoomFactor, imageRender.get(), &ImageRender::OnSendZoomFactor);
+    connect(image, &ImageProperty::SendCroppingPercentage, imageRender.get(),
+            &ImageRender::OnSendCroppingPercentage);
+    connect(visionProperty.get(), &VisionProperty::SendVisibilityStatus, imageRender.get(),
+            &ImageRender::OnSendVisibilityStatus);
+    connect(videoHandler.get(), &VideoHandler::UpdateCameraInfo, imageRender.get(), &ImageRender::OnUpdateCameraInfo);
     connect(ippNode.get(), &IppNode::ImageQueueStatusChanged, image, &InputMessageBase::OnSetStatus);
     connect(this, &KoraVisionProperty::EnableDisplay, image, &InputMessageBase::OnEnableDisplay);
     connect(this, &KoraVisionProperty::DisableDisplay, image, &InputMessageBase::OnDisableDisplay);

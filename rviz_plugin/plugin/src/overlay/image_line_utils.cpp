@@ -39,8 +39,8 @@ ImageLineUtils::ImageLineUtils()
           {endNotOnCurve, "The end point of an image line is not on the curve represented by the image line."},
           {frameIdMismatch, "The frame_id of the ImageLine does not match that of the Image. Check whether the "
                             "ImageLine frame_id is correctly set."},
-          {outsideCanvas, "A coefficient or point of an image line is not a finite number or lies far outside the "
-                          "image. Check whether the ImageLine parameter is correctly set."},
+          {outsideCanvas, "A coefficient or point of an image line is not a finite number. Check whether the "
+                          "ImageLine parameter is correctly set."},
       }
 {
 }
@@ -68,11 +68,19 @@ void ImageLineUtils::Draw(cv::Mat& image, const IppConfig& config, const custom:
             continue;
         }
         LineParameters parameters{line.a, line.b, line.c, line.d};
-        parameters.startRow = static_cast<int>(std::lrint(std::min(line.startPoint.y, line.endPoint.y)));
-        parameters.endRow = static_cast<int>(std::lrint(std::max(line.startPoint.y, line.endPoint.y)));
-        if (parameters.startRow >= parameters.endRow) {
+        const double firstRow = std::round(std::min(line.startPoint.y, line.endPoint.y));
+        const double lastRow = std::round(std::max(line.startPoint.y, line.endPoint.y));
+        if (firstRow >= lastRow) {
             RefreshImageUtilStatus(status, sameRows);
             continue;
+        }
+        // Rows far beyond the canvas are held just outside it: the visible part stays the same.
+        const double lowRow = -2.0 * rowStep;
+        const double highRow = image.rows + 2.0 * rowStep;
+        parameters.startRow = static_cast<int>(ClampCoordinate(firstRow, lowRow, highRow));
+        parameters.endRow = static_cast<int>(ClampCoordinate(lastRow, lowRow, highRow));
+        if (parameters.startRow >= parameters.endRow) {
+            continue;  // wholly above or below the canvas
         }
         const bool notConfigured = config.imageLineClassifications.count(line.classification) == 0;
         if (notConfigured) {
@@ -102,8 +110,8 @@ bool ImageLineUtils::GetImageLineStatus(const cv::Mat& image, const custom::Imag
     }
     const bool finite = std::isfinite(line.a) && std::isfinite(line.b) && std::isfinite(line.c) &&
                         std::isfinite(line.d);
-    if (!finite || !IsDrawablePoint(line.startPoint.x, line.startPoint.y, image) ||
-        !IsDrawablePoint(line.endPoint.x, line.endPoint.y, image)) {
+    if (!finite || !std::isfinite(line.startPoint.x) || !std::isfinite(line.startPoint.y) ||
+        !std::isfinite(line.endPoint.x) || !std::isfinite(line.endPoint.y)) {
         RefreshImageUtilStatus(status, outsideCanvas);
         return false;
     }
@@ -123,14 +131,18 @@ void ImageLineUtils::DrawCurve(cv::Mat& image, const LineParameters& line, int f
     // Only rows on the canvas (and one step around it) are visited, however far the line reaches.
     const int stepsToCanvas = firstRow < -rowStep ? (-firstRow / rowStep) - 1 : 0;
     lastRow = std::min(lastRow, image.rows + rowStep);
+    const cv::Rect2d area = ClipArea(image, properties.lineThickness);
     bool havePrevious = false;
-    cv::Point previous;
+    cv::Point2d previous;
     for (int row = firstRow + stepsToCanvas * rowStep;; row = std::min(row + rowStep, lastRow)) {
-        const double x = line.XAt(row);
-        if (IsDrawablePoint(x, row, image)) {
-            const cv::Point point = RoundPoint(x, row);
-            if (havePrevious) {
-                cv::line(image, previous, point, properties.boxColor, properties.lineThickness, cv::LINE_AA);
+        const cv::Point2d point(line.XAt(row), row);
+        if (std::isfinite(point.x)) {
+            // Each piece is cut to the canvas, so a line reaching far sideways still shows its visible part.
+            cv::Point2d from = previous;
+            cv::Point2d to = point;
+            if (havePrevious && ClipSegment(from, to, area)) {
+                cv::line(image, RoundPoint(from.x, from.y), RoundPoint(to.x, to.y), properties.boxColor,
+                         properties.lineThickness, cv::LINE_AA);
             }
             previous = point;
             havePrevious = true;

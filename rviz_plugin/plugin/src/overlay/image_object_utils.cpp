@@ -2,6 +2,8 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include <cmath>
+
 namespace rviz_plugin {
 namespace ImageUtils {
 
@@ -29,8 +31,8 @@ ImageObjectUtils::ImageObjectUtils()
         {unknownPolygonClassification, unknownClassification},
         {frameIdMismatch, "The frame_id of the Object does not match that of the Image. Check whether the Object "
                           "frame_id is correctly set."},
-        {outsideCanvas, "A coordinate of boxImage or boxImagePolygon of an object is not a finite number or lies far "
-                        "outside the image. Check whether the object is correctly set."},
+        {outsideCanvas, "A coordinate of boxImage or boxImagePolygon of an object is not a finite number. "
+                        "Check whether the object is correctly set."},
     };
 }
 
@@ -88,14 +90,14 @@ void ImageObjectUtils::DrawObjectPolygon(cv::Mat& image, const IppConfig& config
         RefreshImageUtilStatus(status, shortPolygon);
         return;
     }
-    std::vector<cv::Point> polygon;
-    polygon.reserve(object.boxImagePolygon.size());
+    std::vector<cv::Point2d> corners;
+    corners.reserve(object.boxImagePolygon.size());
     for (const custom::Point2D& point : object.boxImagePolygon) {
-        if (!IsDrawablePoint(point.x, point.y, image)) {
+        if (!std::isfinite(point.x) || !std::isfinite(point.y)) {
             RefreshImageUtilStatus(status, outsideCanvas);
             return;
         }
-        polygon.push_back(RoundPoint(point.x, point.y));
+        corners.emplace_back(point.x, point.y);
     }
     const bool notConfigured = config.objectClassifications.count(object.classification) == 0;
     if (notConfigured) {
@@ -103,6 +105,14 @@ void ImageObjectUtils::DrawObjectPolygon(cv::Mat& image, const IppConfig& config
     }
     DisplayProperties properties;
     ParseDisplayProperties(config, object, notConfigured, properties);
+    // Only the part on the canvas is drawn; a polygon wholly outside draws nothing.
+    std::vector<cv::Point> polygon;
+    for (const cv::Point2d& corner : ClipPolygon(corners, ClipArea(image, properties.lineThickness))) {
+        polygon.push_back(RoundPoint(corner.x, corner.y));
+    }
+    if (polygon.size() < 3) {
+        return;
+    }
     cv::polylines(image, polygon, true, properties.boxColor, properties.lineThickness, cv::LINE_AA);
     DrawLabelForPolygon(image, GetObjectLabels(config, object, notConfigured), polygon, properties);
 }

@@ -21,8 +21,8 @@ ImageRectangleUtils::ImageRectangleUtils()
            "the same."},
           {frameIdMismatch, "The frame_id of the ImageRectangle does not match that of the Image. Check whether the "
                             "ImageRectangle frame_id is correctly set."},
-          {outsideCanvas, "A coordinate of rectImage in an image rectangle is not a finite number or lies far "
-                          "outside the image. Check whether the rectImage parameter is correctly set."},
+          {outsideCanvas, "A coordinate of rectImage in an image rectangle is not a finite number. Check whether "
+                          "the rectImage parameter is correctly set."},
       }
 {
 }

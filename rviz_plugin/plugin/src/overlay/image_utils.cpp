@@ -5,6 +5,7 @@
 #include <opencv2/imgproc.hpp>
 
 #include <algorithm>
+#include <functional>
 #include <cmath>
 #include <cstdio>
 
@@ -365,12 +366,103 @@ bool IsDrawablePoint(double x, double y, const cv::Mat& image)
     return IsDrawableCoordinate(x, image) && IsDrawableCoordinate(y, image);
 }
 
-BoxCheck CheckBoxImage(const custom::BoxImage& box, const cv::Mat& image)
+cv::Rect2d ClipArea(const cv::Mat& image, int lineThickness)
+{
+    const double margin = static_cast<double>(std::max(lineThickness, 1)) + 2.0;
+    return {-margin, -margin, image.cols + 2.0 * margin, image.rows + 2.0 * margin};
+}
+
+double ClampCoordinate(double value, double low, double high)
+{
+    return std::min(std::max(value, low), high);
+}
+
+bool ClipSegment(cv::Point2d& first, cv::Point2d& second, const cv::Rect2d& area)
+{
+    // Liang-Barsky: the segment is first + t (second - first), t in [0, 1].
+    const double dx = second.x - first.x;
+    const double dy = second.y - first.y;
+    double enter = 0.0;
+    double leave = 1.0;
+    const double p[] = {-dx, dx, -dy, dy};
+    const double q[] = {first.x - area.x, area.x + area.width - first.x, first.y - area.y,
+                        area.y + area.height - first.y};
+    for (int i = 0; i < 4; ++i) {
+        if (p[i] == 0.0) {
+            if (q[i] < 0.0) {
+                return false;
+            }
+            continue;
+        }
+        const double t = q[i] / p[i];
+        if (p[i] < 0.0) {
+            enter = std::max(enter, t);
+        } else {
+            leave = std::min(leave, t);
+        }
+    }
+    if (enter > leave) {
+        return false;
+    }
+    const cv::Point2d start = first;
+    first = start + cv::Point2d(dx * enter, dy * enter);
+    second = start + cv::Point2d(dx * leave, dy * leave);
+    return true;
+}
+
+std::vector<cv::Point2d> ClipPolygon(const std::vector<cv::Point2d>& polygon, const cv::Rect2d& area)
+{
+    // Sutherland-Hodgman against the four edges of area.
+    const double left = area.x;
+    const double right = area.x + area.width;
+    const double top = area.y;
+    const double bottom = area.y + area.height;
+    const std::function<bool(const cv::Point2d&)> inside[] = {
+        [left](const cv::Point2d& point) { return point.x >= left; },
+        [right](const cv::Point2d& point) { return point.x <= right; },
+        [top](const cv::Point2d& point) { return point.y >= top; },
+        [bottom](const cv::Point2d& point) { return point.y <= bottom; },
+    };
+    const std::function<cv::Point2d(const cv::Point2d&, const cv::Point2d&)> cross[] = {
+        [left](const cv::Point2d& a, const cv::Point2d& b) {
+            return cv::Point2d(left, a.y + (b.y - a.y) * (left - a.x) / (b.x - a.x));
+        },
+        [right](const cv::Point2d& a, const cv::Point2d& b) {
+            return cv::Point2d(right, a.y + (b.y - a.y) * (right - a.x) / (b.x - a.x));
+        },
+        [top](const cv::Point2d& a, const cv::Point2d& b) {
+            return cv::Point2d(a.x + (b.x - a.x) * (top - a.y) / (b.y - a.y), top);
+        },
+        [bottom](const cv::Point2d& a, const cv::Point2d& b) {
+            return cv::Point2d(a.x + (b.x - a.x) * (bottom - a.y) / (b.y - a.y), bottom);
+        },
+    };
+    std::vector<cv::Point2d> result = polygon;
+    for (int edge = 0; edge < 4 && !result.empty(); ++edge) {
+        std::vector<cv::Point2d> next;
+        for (std::size_t i = 0; i < result.size(); ++i) {
+            const cv::Point2d& current = result[i];
+            const cv::Point2d& previous = result[(i + result.size() - 1) % result.size()];
+            const bool currentIn = inside[edge](current);
+            if (currentIn != inside[edge](previous)) {
+                next.push_back(cross[edge](previous, current));
+            }
+            if (currentIn) {
+                next.push_back(current);
+            }
+        }
+        result = std::move(next);
+    }
+    return result;
+}
+
+BoxCheck CheckBoxImage(const custom::BoxImage& box, const cv::Mat& /*image*/)
 {
     if (!(box.width >= minBoxSize && box.height >= minBoxSize)) {
         return BoxCheck::TooSmall;
     }
-    if (!IsDrawablePoint(box.x, box.y, image) || !IsDrawablePoint(box.x + box.width, box.y + box.height, image)) {
+    if (!std::isfinite(box.x) || !std::isfinite(box.y) || !std::isfinite(box.x + box.width) ||
+        !std::isfinite(box.y + box.height)) {
         return BoxCheck::OutsideCanvas;
     }
     return BoxCheck::Drawable;
@@ -379,8 +471,14 @@ BoxCheck CheckBoxImage(const custom::BoxImage& box, const cv::Mat& image)
 void DrawBoxWithLabel(cv::Mat& image, const custom::BoxImage& box, const std::vector<std::string>& rows,
                       DisplayProperties& properties)
 {
-    const cv::Point corner = RoundPoint(box.x, box.y);
-    const cv::Point size = RoundPoint(box.width, box.height);
+    // Edges beyond the canvas move onto the clip area's border, where they are not seen.
+    const cv::Rect2d area = ClipArea(image, properties.lineThickness);
+    const double left = ClampCoordinate(box.x, area.x, area.x + area.width);
+    const double top = ClampCoordinate(box.y, area.y, area.y + area.height);
+    const double right = ClampCoordinate(box.x + box.width, area.x, area.x + area.width);
+    const double bottom = ClampCoordinate(box.y + box.height, area.y, area.y + area.height);
+    const cv::Point corner = RoundPoint(left, top);
+    const cv::Point size = RoundPoint(right - left, bottom - top);
     const cv::Rect rectangle(corner.x, corner.y, size.x, size.y);
     cv::rectangle(image, rectangle, properties.boxColor, properties.lineThickness, cv::LINE_AA);
     DrawLabelForRectangle(image, rows, rectangle, properties);

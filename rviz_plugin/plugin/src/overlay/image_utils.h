@@ -114,8 +114,20 @@ std::vector<std::string> GetClassificationLabels(const LabelDisplay& display, co
 // fixed-point drawing. The limit is a few canvas sizes around it.
 bool IsDrawableCoordinate(double value, const cv::Mat& image);
 
+// The canvas grown by a margin wider than any line, so that edges clipped onto its border stay
+// invisible. Shapes are clipped to it before OpenCV sees them.
+cv::Rect2d ClipArea(const cv::Mat& image, int lineThickness);
+// value held within [low, high]; value must be finite.
+double ClampCoordinate(double value, double low, double high);
+// Cuts the segment to area; false when nothing of it lies inside. The points must be finite.
+bool ClipSegment(cv::Point2d& first, cv::Point2d& second, const cv::Rect2d& area);
+// The part of a closed polygon inside area (empty when none). The points must be finite.
+std::vector<cv::Point2d> ClipPolygon(const std::vector<cv::Point2d>& polygon, const cv::Rect2d& area);
+
 enum class BoxCheck { Drawable, TooSmall, OutsideCanvas };
-// A box narrower or lower than 0.01 pixel (or not a number) is too small.
+// A box narrower or lower than 0.01 pixel (or not a number) is too small; one with an infinite
+// coordinate cannot be drawn (OutsideCanvas). Boxes reaching beyond the canvas are drawable: their
+// visible part is drawn.
 BoxCheck CheckBoxImage(const custom::BoxImage& box, const cv::Mat& image);
 // The rectangle, rounded to pixels, and its label.
 void DrawBoxWithLabel(cv::Mat& image, const custom::BoxImage& box, const std::vector<std::string>& rows,

@@ -1,6 +1,7 @@
 // The vision display inside a real rviz frame (ROS master on loopback, virtual X display):
 // items created and deleted through the wall, names renumbered, save and load, paging and pop-out.
 #include "../support/processes.h"
+#include "../support/ros_test_main.h"
 #include "../support/temp_dir.h"
 #include "foundation/rviz_helpers.h"
 #include "kora_vision/associated_widget.h"
@@ -8,7 +9,10 @@
 #include "kora_vision/base_classifications.h"
 #include "kora_vision/decoder_property.h"
 #include "kora_vision/base_setting_property.h"
+#include "frames/yuv_texture_data.h"
 #include "kora_vision/image_property.h"
+#include "kora_vision/image_render.h"
+#include "kora_vision/non_interactive_render_panel.h"
 #include "kora_vision/kora_vision_display.h"
 #include "kora_vision/kora_vision_property.h"
 #include "kora_vision/topic_combobox.h"
@@ -49,7 +53,12 @@
 #include <iostream>
 #include <memory>
 
+extern "C" {
+#include <libavutil/frame.h>
+}
+
 using rviz_plugin::KoraVisionDisplay;
+using test_support::Console;
 using rviz_plugin::VideosWidget;
 
 namespace {
@@ -466,6 +475,69 @@ TEST_F(DecoderSwitchInRviz, HardwareFailsHereAndSoftwareBringsTheVideoBack)
     EXPECT_EQ(StatusText(image->GetStatusList(), "Decoder Status"), " A software decoder is successfully created.");
     EXPECT_TRUE(PumpUntil([&]() { return frequency() != "0 Hz"; }, std::chrono::seconds(10))) << "no video after";
     car.Stop();
+}
+
+// A decoded picture of width x height (0 x 0: a frame without a picture).
+std::shared_ptr<rviz_plugin::YuvTextureData> Picture(int width, int height)
+{
+    auto picture = std::make_shared<rviz_plugin::YuvTextureData>();
+    if (width > 0) {
+        AVFrame* frame = av_frame_alloc();
+        frame->width = width;
+        frame->height = height;
+        frame->format = AV_PIX_FMT_YUV420P;
+        EXPECT_EQ(av_frame_get_buffer(frame, 0), 0);
+        picture->SetFrameData(frame);
+        av_frame_free(&frame);
+    }
+    return picture;
+}
+
+TEST_F(KoraVisionDisplayTest, RendererKeepsTheLastGoodPictureAndCropsAsSet)
+{
+    AddItems(1);
+    rviz_plugin::KoraVisionProperty* item = display->GetVisionProperty(0);
+    rviz_plugin::ImageRender* render = item->GetImageRender();
+    ASSERT_TRUE(PumpUntil([render]() { return render->GetRenderPanel()->isVisible(); }, std::chrono::seconds(5)));
+    const auto idle = render->GetImageTextureSize();
+    ASSERT_GT(idle.first, 0U);
+
+    // A 16:9 picture, scaled down to the window if the window is smaller.
+    render->UpdateImageTexture(Picture(640, 360), nullptr);
+    render->UpdateImageDisplay();
+    const auto shown = render->GetImageTextureSize();
+    EXPECT_NE(shown, idle);
+    EXPECT_NEAR(static_cast<double>(shown.first) / shown.second, 16.0 / 9.0, 0.1);
+    EXPECT_TRUE(render->HasShownFrame());
+
+    // A frame without a picture leaves the last good one on the quad.
+    Console([&]() {
+        render->UpdateImageTexture(Picture(0, 0), nullptr);
+        render->UpdateImageDisplay();
+    });
+    EXPECT_EQ(render->GetImageTextureSize(), shown);
+
+    // The cropping branch reaches the renderer: 40 % off every edge keeps the aspect.
+    rviz_plugin::ImageProperty* image = item->GetVisionProperty()->GetImageProperty();
+    for (const char* edge : {"Top(%)", "Down(%)", "Left(%)", "Right(%)"}) {
+        static_cast<rviz::IntProperty*>(Child(image->GetCroppingProperty(), edge))->setInt(40);
+    }
+    image->GetCroppingProperty()->setBool(true);
+    const rviz_plugin::ImageGeometry::Cropping cropping = render->GetCropping();
+    EXPECT_TRUE(cropping.enabled);
+    EXPECT_FALSE(cropping.zoom);
+    EXPECT_EQ(cropping.percent, (std::array<int, 4>{{40, 40, 40, 40}}));
+    render->UpdateImageTexture(Picture(640, 360), nullptr);
+    render->UpdateImageDisplay();
+    const rviz_plugin::ImageGeometry::Zoom zoom = render->GetZoom();
+    const double window = static_cast<double>(render->GetRenderPanel()->width()) / render->GetRenderPanel()->height();
+    const double picture = static_cast<double>(shown.first) / shown.second;
+    EXPECT_NEAR(zoom.x * window / zoom.y, picture, 0.1) << "not letterboxed by the cropped picture's aspect";
+
+    // Clear brings back the idle picture.
+    render->Clear();
+    EXPECT_EQ(render->GetImageTextureSize(), idle);
+    EXPECT_FALSE(render->HasShownFrame());
 }
 
 TEST_F(KoraVisionDisplayTest, DroppedTopicAddsAnItemAndOnlyVideoTopicsAreTaken)

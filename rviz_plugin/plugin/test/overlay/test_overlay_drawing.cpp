@@ -204,7 +204,7 @@ TEST(OverlayObjects, FaultsPickTheMostSevereTextAndSkipOnlyTheBadElement)
                                             "whether the Object frame_id is correctly set.");
 }
 
-TEST(OverlayObjects, NonFiniteAndFarAwayValuesAreSkippedAndReported)
+TEST(OverlayObjects, NonFiniteValuesAreSkippedAndReported)
 {
     ImageObjectUtils painter;
     StatusRecorder statuses;
@@ -213,18 +213,51 @@ TEST(OverlayObjects, NonFiniteAndFarAwayValuesAreSkippedAndReported)
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double infinity = std::numeric_limits<double>::infinity();
     custom::ObjectArray message;
-    message.objectList.push_back(Box(1e12, 10, 50, 50, 5));
     message.objectList.push_back(Box(nan, 10, 50, 50, 5));
     message.objectList.push_back(Box(10, 10, infinity, 50, 5));
     message.objectList.push_back(Box(10, 10, -50, 50, 5));
     message.objectList.push_back(Box(10, 10, 30, 30, 5));
     message.objectList.back().boxImagePolygon = {Point(1, 1), Point(nan, 5), Point(-1e15, 1)};
+    // Wholly outside, however far: nothing to see, nothing wrong.
+    message.objectList.push_back(Box(1e12, 10, 50, 50, 5));
     cv::Mat canvas = Canvas();
     painter.Draw(canvas, config, message, true);
     EXPECT_FALSE(statuses.Text("ObjectArray").isEmpty());
-    // Only the last, valid box is drawn.
+    // Only the valid box is drawn.
     EXPECT_TRUE(IsColour(At(canvas, 10, 25), 0, 142, 243));
     EXPECT_EQ(At(canvas, 600, 300)[3], 0);
+    EXPECT_EQ(At(canvas, 639, 30)[3], 0);
+
+    custom::ObjectArray infinite;
+    infinite.objectList.push_back(Box(10, 10, 30, 30, 5));
+    infinite.objectList.back().boxImagePolygon = {Point(1, 1), Point(5, 5), Point(-1e15, std::nan(""))};
+    canvas = Canvas();
+    painter.Draw(canvas, config, infinite, true);
+    EXPECT_EQ(statuses.Text("ObjectArray"), "A coordinate of boxImage or boxImagePolygon of an object is not a finite "
+                                            "number. Check whether the object is correctly set.");
+}
+
+TEST(OverlayObjects, ShapesReachingFarBeyondTheCanvasShowTheirVisiblePart)
+{
+    ImageObjectUtils painter;
+    StatusRecorder statuses;
+    statuses.Watch(painter, &ImageObjectUtils::AddObjectArrayStatus, &ImageObjectUtils::RemoveObjectArrayStatus);
+    IppConfig config;
+    custom::ObjectArray message;
+    // A 6000-pixel box from (100, 100) on a 1280 canvas: its left and top edges show.
+    message.objectList.push_back(Box(100, 100, 6000, 6000, 5));
+    // A polygon with one corner a billion pixels away: the edges towards it cross the canvas.
+    custom::Object polygon = Box(0, 0, 1, 1, 5);
+    polygon.boxImagePolygon = {Point(50, 600), Point(250, 600), Point(1e9, 650)};
+    message.objectList.push_back(polygon);
+    cv::Mat canvas = Canvas(1280, 720);
+    painter.Draw(canvas, config, message, true);
+    EXPECT_TRUE(statuses.Text("ObjectArray").isEmpty()) << statuses.Text("ObjectArray").toStdString();
+    EXPECT_TRUE(IsColour(At(canvas, 100, 400), 0, 142, 243)) << At(canvas, 100, 400);   // left edge
+    EXPECT_TRUE(IsColour(At(canvas, 900, 100), 0, 142, 243)) << At(canvas, 900, 100);   // top edge
+    EXPECT_EQ(At(canvas, 1279, 400)[3], 0);                                              // no right edge
+    EXPECT_TRUE(IsColour(At(canvas, 150, 600), 0, 142, 243)) << At(canvas, 150, 600);   // polygon's near edge
+    EXPECT_TRUE(IsColour(At(canvas, 1200, 600), 0, 142, 243)) << At(canvas, 1200, 600); // its edge far away
 }
 
 TEST(OverlayTrafficLights, RectangleInTheLampColourAndItsFaults)
@@ -341,7 +374,17 @@ TEST(OverlayRoadLines, HugeRowsAreBoundedByTheCanvas)
     painter.Draw(canvas, config, message, true);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(100));
     EXPECT_TRUE(IsColour(At(canvas, 302, 200), 0, 255, 0)) << At(canvas, 302, 200);
-    EXPECT_TRUE(statuses.Text("ImageLineArray").startsWith("A coefficient or point of an image line"));
+    EXPECT_EQ(statuses.Text("ImageLineArray"), "A coefficient or point of an image line is not a finite number. "
+                                               "Check whether the ImageLine parameter is correctly set.");
+    // A line that runs off sideways a long way is drawn up to the canvas edge.
+    cv::Mat wide = Canvas();
+    custom::ImageLineArray sideways;
+    sideways.lineList.push_back(Line(1e6, 300, 0, 200));  // from (300, 0) off to the right at once
+    sideways.lineList.push_back(Line(4, 0, 0, 2.5e11));   // x = 4 y, ending 1e12 pixels away
+    statuses.entries.clear();
+    painter.Draw(wide, config, sideways, true);
+    EXPECT_TRUE(IsColour(At(wide, 400, 0), 0, 255, 0) || IsColour(At(wide, 400, 1), 0, 255, 0)) << At(wide, 400, 0);
+    EXPECT_TRUE(IsColour(At(wide, 636, 159), 0, 255, 0)) << At(wide, 636, 159);
 }
 
 namespace {
