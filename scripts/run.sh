@@ -8,7 +8,9 @@ source "$(dirname "$0")/env.sh"
 BUILD_QUIET=1 "$ROOT/scripts/build.sh"
 
 RUN_DIR="$BUILD_DIR/run"
-mkdir -p "$RUN_DIR/orsa" "$RUN_DIR/roshome"
+mkdir -p "$RUN_DIR/orsa" "$RUN_DIR/roshome" "$RUN_DIR/orsa/rviz_plugin/share/rviz_plugin/media"
+# The decoding evaluation reads its streams under the install root.
+ln -sfn "$BUILD_DIR/media/video_data" "$RUN_DIR/orsa/rviz_plugin/share/rviz_plugin/media/video_data"
 source "$BUILD_DIR/devel/setup.bash"   # catkin's setup reads unset variables: no `set -u` here
 PORT=$(python3 -c 'import socket; s=socket.socket(); s.bind(("127.0.0.1", 0)); print(s.getsockname()[1])')
 export ROS_MASTER_URI="http://127.0.0.1:$PORT" ROS_IP=127.0.0.1 ROS_HOME="$RUN_DIR/roshome"

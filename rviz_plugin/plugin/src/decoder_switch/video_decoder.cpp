@@ -157,22 +157,32 @@ int VideoDecoder::CreateDecoder(std::unique_ptr<Decoder> created, int type)
     return initialized ? Decoder::initSuccess : Decoder::initFailure;
 }
 
-int VideoDecoder::InitializeDecoder()
+std::unique_ptr<Decoder> VideoDecoder::MakeDecoder(int mode, int& type)
 {
-    switch (selectionMode) {
+    switch (mode) {
     case custom::DecoderInfo::INTEL_HARDWARE_DECODING_MODE:
-        return CreateDecoder(std::make_unique<QsvDecoder>(), custom::DecoderInfo::INTEL_DECODER);
+        type = custom::DecoderInfo::INTEL_DECODER;
+        return std::make_unique<QsvDecoder>();
     case custom::DecoderInfo::NVIDIA_HARDWARE_DECODING_MODE: {
+        type = custom::DecoderInfo::NVIDIA_DECODER;
         auto nvidia = std::make_unique<NvDecoder>();
         nvidia->SetHwDeviceType(AV_HWDEVICE_TYPE_CUDA);
-        return CreateDecoder(std::move(nvidia), custom::DecoderInfo::NVIDIA_DECODER);
+        return nvidia;
     }
     default: {
+        type = custom::DecoderInfo::SOFTWARE_DECODER;
         auto software = std::make_unique<SoftwareDecoder>();
-        software->SetThreadCount(4);
-        return CreateDecoder(std::move(software), custom::DecoderInfo::SOFTWARE_DECODER);
+        software->SetThreadCount(softwareThreadCount);
+        return software;
     }
     }
+}
+
+int VideoDecoder::InitializeDecoder()
+{
+    int type = custom::DecoderInfo::SOFTWARE_DECODER;
+    std::unique_ptr<Decoder> created = MakeDecoder(selectionMode, type);
+    return CreateDecoder(std::move(created), type);
 }
 
 bool VideoDecoder::IsReceivingKeyFrame(const VideoMessagePtr& msg)

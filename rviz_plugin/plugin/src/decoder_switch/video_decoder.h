@@ -76,6 +76,11 @@ public:
     static bool MaintainQueueLength(std::deque<VideoMessagePtr>& queue, std::size_t maxLength,
                                     bool& waitingForKeyFrame);
 
+    // A decoder of a selection mode (0 software, 1 Intel, 2 NVIDIA), not yet initialised; type is
+    // its decoder type (1, 2, 3).
+    static std::unique_ptr<Decoder> MakeDecoder(int mode, int& type);
+    // Threads of a software decoder.
+    static constexpr int softwareThreadCount = 4;
     static const QMap<int, QString>& StatusTexts();
     static const QMap<int, rviz::StatusProperty::Level>& StatusLevels();
 

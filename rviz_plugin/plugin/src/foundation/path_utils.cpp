@@ -1,5 +1,8 @@
 #include "path_utils.h"
 
+#include <ros/init.h>
+#include <ros/param.h>
+
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
@@ -67,6 +70,27 @@ std::string GetDateTime()
     char milliseconds[8] = {};
     std::snprintf(milliseconds, sizeof(milliseconds), ".%03d", static_cast<int>(now.tv_usec / 1000) % 1000);
     return std::string(text, length) + milliseconds;
+}
+
+std::string JoinPath(const std::string& root, const std::string& relative)
+{
+    std::string head = root;
+    while (!head.empty() && head.back() == '/') {
+        head.pop_back();
+    }
+    std::size_t start = 0;
+    while (start < relative.size() && relative[start] == '/') {
+        ++start;
+    }
+    return head + "/" + relative.substr(start);
+}
+
+bool GetOrsaPath(std::string& root)
+{
+    if (!ros::isInitialized()) {
+        return false;
+    }
+    return ros::param::get("orsaPath", root) && !root.empty();
 }
 
 } // namespace Orsa

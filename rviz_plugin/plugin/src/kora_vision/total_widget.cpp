@@ -1,5 +1,7 @@
 #include "total_widget.h"
 
+#include "decoder_switch/evaluate_entrance_widget.h"
+
 #include "widgets/buttons.h"
 #include "widgets/labels.h"
 #include "foundation/set_qss.h"
@@ -41,6 +43,8 @@ void TotalWidget::Init()
     topBar->addWidget(addBt);
     topBar->addWidget(countLab);
     topBar->addStretch(1);
+    evaluateEntrance = new EvaluateEntranceWidget(this);
+    topBar->addWidget(evaluateEntrance);
     topBar->addWidget(leftBt);
     topBar->addWidget(switchLab);
     topBar->addWidget(rightBt);

@@ -11,6 +11,8 @@ class PrimaryButton;
 
 namespace rviz_plugin {
 
+class EvaluateEntranceWidget;
+
 // The wall with its top bar: "Add", the item count, and the page buttons.
 class TotalWidget : public QWidget {
     Q_OBJECT
@@ -32,6 +34,7 @@ public:
 
     bool IsAddEnabled() const;
     QString GetCountText() const;
+    EvaluateEntranceWidget* GetEvaluateEntrance() const { return evaluateEntrance; }
     QString GetSwitchText() const;
     bool IsPreviousEnabled() const;
     bool IsNextEnabled() const;
@@ -44,6 +47,7 @@ private:
     IconButton* leftBt = nullptr;
     IconButton* rightBt = nullptr;
     QLabel* countLab = nullptr;
+    EvaluateEntranceWidget* evaluateEntrance = nullptr;
     QLabel* switchLab = nullptr;
 };
 

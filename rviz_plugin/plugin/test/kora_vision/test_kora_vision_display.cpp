@@ -6,6 +6,7 @@
 #include "foundation/rviz_helpers.h"
 #include "kora_vision/associated_widget.h"
 #include "decoder_switch/decoder_switch.h"
+#include "decoder_switch/evaluate_entrance_widget.h"
 #include "kora_vision/base_classifications.h"
 #include "kora_vision/decoder_property.h"
 #include "kora_vision/base_setting_property.h"
@@ -538,6 +539,22 @@ TEST_F(KoraVisionDisplayTest, RendererKeepsTheLastGoodPictureAndCropsAsSet)
     render->Clear();
     EXPECT_EQ(render->GetImageTextureSize(), idle);
     EXPECT_FALSE(render->HasShownFrame());
+}
+
+TEST_F(KoraVisionDisplayTest, WallTitleBarOpensTheDecodingEvaluation)
+{
+    rviz_plugin::EvaluateEntranceWidget* entrance = total->GetEvaluateEntrance();
+    ASSERT_NE(entrance, nullptr);
+    auto* button = entrance->findChild<QPushButton*>("EvaluateEntranceWidget_button");
+    ASSERT_NE(button, nullptr);
+    // Without "orsaPath" the dialog opens and says that it cannot evaluate.
+    const std::string log = Console([&]() { button->click(); });
+    ASSERT_NE(entrance->GetDialog(), nullptr);
+    EXPECT_TRUE(entrance->GetDialog()->isVisible());
+    EXPECT_EQ(entrance->GetDialog()->windowTitle(), "Evaluate Decoding Performance");
+    EXPECT_EQ(entrance->GetDialog()->GetEvaluateWidget()->GetText(), "Failed to evaluate the decoder performance.");
+    EXPECT_NE(log.find("Failed to get orsa path."), std::string::npos) << log;
+    entrance->GetDialog()->close();
 }
 
 TEST_F(KoraVisionDisplayTest, DroppedTopicAddsAnItemAndOnlyVideoTopicsAreTaken)
