@@ -126,7 +126,8 @@ void DecoderSwitch::OnDecoderSelected()
         return;
     }
     QString warning;
-    if (!IsNeededToDisplayWarning(mode, warning)) {
+    if (!IsNeededToDisplayWarning(mode, cpuUsageHandler->IsCpuStatError(), cpuUsageHandler->GetSystemCpuUsage(),
+                                  cpuUsageLimit, warning)) {
         PublishDecoderSetting(mode);
         return;
     }
@@ -137,14 +138,15 @@ void DecoderSwitch::OnDecoderSelected()
     alarmDialog->open();
 }
 
-bool DecoderSwitch::IsNeededToDisplayWarning(int mode, QString& warning)
+bool DecoderSwitch::IsNeededToDisplayWarning(int mode, bool cpuUnknown, double cpuUsage, double limit,
+                                             QString& warning)
 {
-    if (cpuUsageHandler->IsCpuStatError()) {
+    if (cpuUnknown) {
         warning = "The CPU usage cannot be obtained. Switching may cause frame freezing.\nAre you sure you want to "
                   "proceed?";
         return true;
     }
-    if (mode == custom::DecoderInfo::SOFTWARE_DECODING_MODE && cpuUsageHandler->GetSystemCpuUsage() > cpuUsageLimit) {
+    if (mode == custom::DecoderInfo::SOFTWARE_DECODING_MODE && cpuUsage > limit) {
         warning = "The CPU usage is high. Switching the decoding mode of all KORA Vision decoders from hardware to "
                   "software will increase the CPU usage and frame freezing of the Orsa interface.\nAre you sure you "
                   "want to proceed?";

@@ -40,6 +40,10 @@ public:
     void load(const rviz::Config& config) override;
     void save(rviz::Config config) const override;
 
+    // Whether a switch to mode asks first, and with which text: a switch to software decoding while
+    // the processor is busier than limit (a fraction), or any switch when the load cannot be read.
+    static bool IsNeededToDisplayWarning(int mode, bool cpuUnknown, double cpuUsage, double limit, QString& warning);
+
     DecoderTypeSelectDlg* GetSelectDialog() const { return selectDialog; }
     DecoderMessageBoxAlarm* GetAlarmDialog() const { return alarmDialog; }
     DecoderMessageBoxDetail* GetDetailDialog() const { return detailDialog; }
@@ -63,7 +67,6 @@ private:
     void InquireDecoderNumber();
     void StatisticsDecoderNumber(const custom::DecoderInfo::ConstPtr& msg);
     void SwitchDecoderSelectionMode();
-    bool IsNeededToDisplayWarning(int mode, QString& warning);
     void PublishDecoderSetting(int mode);
     void StatisticsDecoderInformation(const custom::DecoderInfo::ConstPtr& msg);
     void SaveSwitchResult();

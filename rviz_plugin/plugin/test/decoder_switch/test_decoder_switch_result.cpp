@@ -1,4 +1,6 @@
-// The report of a decoder switch: counts of switched and failed decoders and the per-decoder lines.
+// The report of a decoder switch (counts of switched and failed decoders, the per-decoder lines) and
+// when the switch asks before it sends anything.
+#include "decoder_switch/decoder_switch.h"
 #include "decoder_switch/decoder_switch_result.h"
 
 #include <custom/DecoderInfo.h>
@@ -46,4 +48,25 @@ TEST(DecoderSwitchResult, SilentDecodersAreListedAsNoAnswer)
     ASSERT_EQ(lines.size(), 3);
     EXPECT_TRUE(lines[1].contains("<b>\"camera_c\"</b>") && lines[1].endsWith("(error code:0 no answer)"));
     EXPECT_TRUE(lines[2].endsWith("(error code:0 no answer)"));
+}
+
+TEST(DecoderSwitchWarning, OnlySoftwareOnABusyProcessorOrAnUnknownLoadAsksFirst)
+{
+    using rviz_plugin::DecoderSwitch;
+    QString warning;
+    for (int mode : {custom::DecoderInfo::INTEL_HARDWARE_DECODING_MODE,
+                     custom::DecoderInfo::NVIDIA_HARDWARE_DECODING_MODE}) {
+        EXPECT_FALSE(DecoderSwitch::IsNeededToDisplayWarning(mode, false, 0.99, 0.5, warning));
+    }
+    EXPECT_FALSE(DecoderSwitch::IsNeededToDisplayWarning(custom::DecoderInfo::SOFTWARE_DECODING_MODE, false, 0.5, 0.5,
+                                                          warning));
+    ASSERT_TRUE(DecoderSwitch::IsNeededToDisplayWarning(custom::DecoderInfo::SOFTWARE_DECODING_MODE, false, 0.51, 0.5,
+                                                         warning));
+    EXPECT_EQ(warning, "The CPU usage is high. Switching the decoding mode of all KORA Vision decoders from hardware "
+                       "to software will increase the CPU usage and frame freezing of the Orsa interface.\nAre you "
+                       "sure you want to proceed?");
+    ASSERT_TRUE(DecoderSwitch::IsNeededToDisplayWarning(custom::DecoderInfo::NVIDIA_HARDWARE_DECODING_MODE, true, 0.0,
+                                                         0.5, warning));
+    EXPECT_EQ(warning, "The CPU usage cannot be obtained. Switching may cause frame freezing.\nAre you sure you want "
+                       "to proceed?");
 }
