@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test:
-#   1. the plain tree: the fuzz target and rviz end to end with the plugin and the simulated car;
+#   1. the plain tree: the fuzz targets and rviz end to end with the plugin and the simulated car;
 #   2. the unit and integration tests under AddressSanitizer + UndefinedBehaviorSanitizer;
 #   3. the tests of threaded code under ThreadSanitizer.
 # Each step is timed; the times and the build's share per library are printed at the end.

@@ -3,6 +3,7 @@
 #include "decoder_switch_dialogs.h"
 #include "video_handler.h"
 
+#include "foundation/config_load_guard.h"
 #include "foundation/logger.h"
 #include "foundation/rviz_helpers.h"
 
@@ -226,7 +227,9 @@ void DecoderSwitch::SetInteractToolAsDefaultTool()
 void DecoderSwitch::load(const rviz::Config& config)
 {
     rviz::Tool::load(config);
+    const ConfigLoadGuard guard(getPropertyContainer());
     getPropertyContainer()->load(config);
+    guard.RestoreInvalid(config);
 }
 
 void DecoderSwitch::save(rviz::Config config) const

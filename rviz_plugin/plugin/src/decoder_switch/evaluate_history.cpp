@@ -20,8 +20,14 @@ bool EvaluateHistory::ParseConfigFile()
     if (!Orsa::FileHander::IsFileExist(filePath)) {
         return true;
     }
+    return ParseConfigText(Orsa::FileHander::ReadFile(filePath));
+}
+
+bool EvaluateHistory::ParseConfigText(const std::string& text)
+{
+    records.clear();
     rapidjson::Document document;
-    if (Orsa::ConfigFileTool::ReadJsonFile(filePath, document) || !document.IsObject()) {
+    if (Orsa::ConfigFileTool::ReadJsonString(text, document) || !document.IsObject()) {
         return false;
     }
     for (auto decoder = document.MemberBegin(); decoder != document.MemberEnd(); ++decoder) {

@@ -15,6 +15,8 @@ public:
 
     // Reads the file; a missing file is an empty history. False when the file cannot be parsed.
     bool ParseConfigFile();
+    // The same from the file's text.
+    bool ParseConfigText(const std::string& text);
     bool SaveConfigFile() const;
     bool HasRecord() const { return !records.empty(); }
     // The stored channel count, or -1.

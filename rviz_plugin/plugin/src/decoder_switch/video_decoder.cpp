@@ -185,33 +185,6 @@ int VideoDecoder::InitializeDecoder()
     return CreateDecoder(std::move(created), type);
 }
 
-bool VideoDecoder::IsReceivingKeyFrame(const VideoMessagePtr& msg)
-{
-    if (msg == nullptr || msg->data.size() < keyFramePrefixLength) {
-        return false;
-    }
-    const auto& data = msg->data;
-    return data[0] == 0 && data[1] == 0 && data[2] == 0 && data[3] == 1 && data[4] == keyFrameNalHeader;
-}
-
-bool VideoDecoder::MaintainQueueLength(std::deque<VideoMessagePtr>& queue, std::size_t maxLength,
-                                       bool& waitingForKey)
-{
-    if (queue.size() <= maxLength) {
-        return true;
-    }
-    for (;;) {
-        if (IsReceivingKeyFrame(queue.front()) && queue.size() <= maxLength) {
-            return true;
-        }
-        queue.pop_front();
-        if (queue.empty()) {
-            waitingForKey = true;
-            return false;
-        }
-    }
-}
-
 void VideoDecoder::ResetVideoDecoder()
 {
     std::lock_guard<std::mutex> lock(queueMutex);
@@ -220,8 +193,7 @@ void VideoDecoder::ResetVideoDecoder()
 
 int VideoDecoder::GetDecodingState(const VideoMessagePtr& msg)
 {
-    if (msg->data.size() == resetCommandLength &&
-        std::equal(resetCommand.begin(), resetCommand.end(), msg->data.begin())) {
+    if (VideoFrameRules::IsResetCommand(msg)) {
         ResetVideoDecoder();
         return -1;
     }
@@ -234,7 +206,7 @@ int VideoDecoder::GetDecodingState(const VideoMessagePtr& msg)
     if (!waitingForKeyFrame) {
         return 0;
     }
-    if (!IsReceivingKeyFrame(msg)) {
+    if (!VideoFrameRules::IsReceivingKeyFrame(msg)) {
         return -1;
     }
     waitingForKeyFrame = false;
@@ -256,7 +228,7 @@ void VideoDecoder::RecvVideoMsg(const VideoMessagePtr& msg)
         std_msgs::Header arrival;
         arrival.stamp = ros::Time::now();
         PushBounded(receivedTimeQueue, arrival, maxReceivedTimeQueueLength);
-        notify = MaintainQueueLength(videoQueue, maxVideoQueueLength, waitingForKeyFrame);
+        notify = VideoFrameRules::MaintainQueueLength(videoQueue, maxVideoQueueLength, waitingForKeyFrame);
     }
     if (notify) {
         queueCondition.notify_one();

@@ -3,6 +3,7 @@
 
 #include "custom_av_frame_data.h"
 #include "decoder.h"
+#include "video_frame_rules.h"
 
 #include <QMap>
 #include <QObject>
@@ -36,7 +37,6 @@ namespace rviz_plugin {
 class ImageCacheNode;
 class YuvTextureData;
 
-using VideoMessagePtr = boost::shared_ptr<custom::Video>;
 
 // One per video topic in the process: subscribes the topic, queues encoded frames (at most 30, cut
 // back to a key frame on overflow), decodes them on its own thread and hands each picture to the
@@ -68,13 +68,6 @@ public:
 
     // Entry of the subscription; public so that tests and tools can feed frames directly.
     void RecvVideoMsg(const VideoMessagePtr& msg);
-
-    // An access unit that opens with a video parameter set behind a four-byte start code.
-    static bool IsReceivingKeyFrame(const VideoMessagePtr& msg);
-    // The drop rule: true when queue is within maxLength; otherwise the oldest frames go until a key
-    // frame leads the queue. When nothing is left, waitingForKeyFrame is set and the result is false.
-    static bool MaintainQueueLength(std::deque<VideoMessagePtr>& queue, std::size_t maxLength,
-                                    bool& waitingForKeyFrame);
 
     // A decoder of a selection mode (0 software, 1 Intel, 2 NVIDIA), not yet initialised; type is
     // its decoder type (1, 2, 3).
@@ -108,10 +101,6 @@ private:
     void RecvCameraInfoMsg(const sensor_msgs::CameraInfo::ConstPtr& info);
 
     const unsigned threadStartDelay = 2000;
-    static constexpr uint8_t keyFrameNalHeader = 0x40;
-    static constexpr std::size_t keyFramePrefixLength = 5;
-    const std::size_t resetCommandLength = 46;
-    const std::string resetCommand = "TcpConnectionIsBrokenResetCurrentCameraDecoder";
     const int defaultQueueSize = 5;
     const int avFrameQueueSize = 10;
     const int decoderInfoQueueSize = 30;

@@ -4,6 +4,7 @@
 #include "logger.h"
 
 #include <rapidjson/prettywriter.h>
+#include <rapidjson/pointer.h>
 #include <rapidjson/schema.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
@@ -112,9 +113,93 @@ bool ConfigFileTool::WriteJsonFile(const std::string& path, const rapidjson::Doc
     return out.good();
 }
 
+namespace {
+constexpr int maxSchemaDepth = 64;
+
+bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& root, int depth);
+
+bool AreUsableSubschemas(const rapidjson::Value& value, const rapidjson::Value& root, int depth)
+{
+    if (!value.IsArray() || value.Empty()) {
+        return false;
+    }
+    for (const auto& entry : value.GetArray()) {
+        if (!IsUsableSubschema(entry, root, depth)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool AreUsableSchemaMembers(const rapidjson::Value& value, const rapidjson::Value& root, int depth)
+{
+    if (!value.IsObject()) {
+        return false;
+    }
+    for (const auto& member : value.GetObject()) {
+        if (!IsUsableSubschema(member.value, root, depth)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// RapidJSON compiles a schema without checking its shape and dereferences what it could not compile
+// (an "oneOf" entry that is a number, a "$ref" to one). Only schemas whose subschemas are objects,
+// and whose references point inside the document at objects, are handed to it.
+bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& root, int depth)
+{
+    if (!value.IsObject() || depth > maxSchemaDepth) {
+        return false;
+    }
+    ++depth;
+    for (const auto& member : value.GetObject()) {
+        const std::string key = member.name.GetString();
+        const rapidjson::Value& entry = member.value;
+        bool usable = true;
+        if (key == "allOf" || key == "anyOf" || key == "oneOf") {
+            usable = AreUsableSubschemas(entry, root, depth);
+        } else if (key == "not") {
+            usable = IsUsableSubschema(entry, root, depth);
+        } else if (key == "properties" || key == "patternProperties" || key == "definitions") {
+            usable = AreUsableSchemaMembers(entry, root, depth);
+        } else if (key == "additionalProperties" || key == "additionalItems") {
+            usable = entry.IsBool() || IsUsableSubschema(entry, root, depth);
+        } else if (key == "items") {
+            usable = entry.IsArray() ? AreUsableSubschemas(entry, root, depth) : IsUsableSubschema(entry, root, depth);
+        } else if (key == "dependencies") {
+            usable = entry.IsObject();
+            for (auto dependency = entry.MemberBegin(); usable && dependency != entry.MemberEnd(); ++dependency) {
+                usable = dependency->value.IsArray() || IsUsableSubschema(dependency->value, root, depth);
+            }
+        } else if (key == "$ref") {
+            const std::string reference = entry.IsString() ? entry.GetString() : std::string();
+            const std::string path = reference.empty() ? std::string("/invalid~") : reference.substr(1);
+            const rapidjson::Pointer pointer(path.c_str(), path.size());
+            const rapidjson::Value* target =
+                !reference.empty() && reference[0] == '#' && pointer.IsValid() ? pointer.Get(root) : nullptr;
+            usable = target != nullptr && target->IsObject();
+        }
+        if (!usable) {
+            return false;
+        }
+    }
+    return true;
+}
+} // namespace
+
+bool ConfigFileTool::IsUsableSchema(const rapidjson::Value& schema)
+{
+    return IsUsableSubschema(schema, schema, 0);
+}
+
 bool ConfigFileTool::IsJsonConsistentWithSchema(const rapidjson::Document& document,
                                                 const rapidjson::Document& schema)
 {
+    if (!IsUsableSchema(schema)) {
+        LogError("The schema is not valid: every subschema must be an object, and references must point at one.");
+        return false;
+    }
     const rapidjson::SchemaDocument schemaDocument(schema);
     rapidjson::SchemaValidator validator(schemaDocument);
     if (document.Accept(validator)) {

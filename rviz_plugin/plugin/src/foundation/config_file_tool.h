@@ -15,6 +15,8 @@ public:
     static bool ReadJsonString(const std::string& text, rapidjson::Document& document);
     static bool WriteJsonFile(const std::string& path, const rapidjson::Document& document);
     static bool IsJsonConsistentWithSchema(const rapidjson::Document& document, const rapidjson::Document& schema);
+    // Whether RapidJSON can compile the schema safely: subschemas are objects, references local ones.
+    static bool IsUsableSchema(const rapidjson::Value& schema);
 
     // Text of a RapidJSON parse error code, "Unknown error." for codes outside the table.
     static std::string ParseErrorText(int code);

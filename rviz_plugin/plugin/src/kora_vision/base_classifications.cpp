@@ -1,5 +1,7 @@
 #include "base_classifications.h"
 
+#include "foundation/config_load_guard.h"
+
 #include <QHBoxLayout>
 #include <QPushButton>
 
@@ -221,10 +223,12 @@ void BaseClassifications::save(rviz::Config config) const
 void BaseClassifications::load(const rviz::Config& config)
 {
     updating = true;
+    const ConfigLoadGuard guard(this);
     for (int i = 0; i < numChildren(); ++i) {
         rviz::Property* child = childAt(i);
         child->load(config.mapGetChild(child->getName()));
     }
+    guard.RestoreInvalid(config);
     updating = false;
     const unsigned oldValue = currentValue;
     currentValue = static_cast<unsigned>(valueProperty->getInt());

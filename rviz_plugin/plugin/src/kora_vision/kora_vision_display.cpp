@@ -6,6 +6,7 @@
 #include "video_control_widget.h"
 #include "videos_widget.h"
 
+#include "foundation/config_load_guard.h"
 #include "foundation/logger.h"
 #include "foundation/memory_exception.h"
 #include "foundation/rviz_helpers.h"
@@ -378,7 +379,10 @@ void KoraVisionDisplay::load(const rviz::Config& config)
     for (int i = 0; i < itemKeys.size() && i < static_cast<int>(visionProperties.size()); ++i) {
         visionProperties[static_cast<std::size_t>(i)]->SetVisionName(itemKeys.at(i));
     }
+    // Values of the wrong type, not finite or out of range fall back to what a new item has.
+    const ConfigLoadGuard guard(this);
     rviz::Display::load(config);
+    guard.RestoreInvalid(config);
     setName(getName());
 }
 

@@ -253,9 +253,9 @@ TEST(VideoQueue, KeyFramesAndTheDropRule)
 {
     auto key = Message(Stream()[0], 0);
     auto delta = Message(Stream()[1], 1);
-    EXPECT_TRUE(VideoDecoder::IsReceivingKeyFrame(key));
-    EXPECT_FALSE(VideoDecoder::IsReceivingKeyFrame(delta));
-    EXPECT_FALSE(VideoDecoder::IsReceivingKeyFrame(Message({0, 0, 0, 1}, 2)));
+    EXPECT_TRUE(rviz_plugin::VideoFrameRules::IsReceivingKeyFrame(key));
+    EXPECT_FALSE(rviz_plugin::VideoFrameRules::IsReceivingKeyFrame(delta));
+    EXPECT_FALSE(rviz_plugin::VideoFrameRules::IsReceivingKeyFrame(Message({0, 0, 0, 1}, 2)));
 
     // 31 frames, key frames at 0 and 15: the first group goes, the queue starts at the second key.
     std::deque<VideoMessagePtr> queue;
@@ -263,20 +263,20 @@ TEST(VideoQueue, KeyFramesAndTheDropRule)
         queue.push_back(Message(Stream()[static_cast<std::size_t>(i)], static_cast<uint32_t>(i)));
     }
     bool waiting = false;
-    EXPECT_TRUE(VideoDecoder::MaintainQueueLength(queue, 30, waiting));
+    EXPECT_TRUE(rviz_plugin::VideoFrameRules::MaintainQueueLength(queue, 30, waiting));
     EXPECT_EQ(queue.size(), 16U);
     EXPECT_EQ(queue.front()->header.seq, 15U);
     EXPECT_FALSE(waiting);
 
     // No key frame left: the queue ends empty and waits for the next one.
     std::deque<VideoMessagePtr> deltas(31, delta);
-    EXPECT_FALSE(VideoDecoder::MaintainQueueLength(deltas, 30, waiting));
+    EXPECT_FALSE(rviz_plugin::VideoFrameRules::MaintainQueueLength(deltas, 30, waiting));
     EXPECT_TRUE(deltas.empty());
     EXPECT_TRUE(waiting);
 
     std::deque<VideoMessagePtr> shortQueue(30, delta);
     waiting = false;
-    EXPECT_TRUE(VideoDecoder::MaintainQueueLength(shortQueue, 30, waiting));
+    EXPECT_TRUE(rviz_plugin::VideoFrameRules::MaintainQueueLength(shortQueue, 30, waiting));
     EXPECT_EQ(shortQueue.size(), 30U);
 }
 

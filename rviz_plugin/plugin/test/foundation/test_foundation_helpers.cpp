@@ -137,6 +137,34 @@ TEST(ConfigFileTool, SchemaValidationReportsKeywordAndPointers)
     EXPECT_TRUE(Contains(out, R"("invalidKeyword":"required")")) << out;
 }
 
+// Schemas RapidJSON would compile into null subschemas and then dereference are refused before it
+// sees them (found by fuzzing: a "oneOf" of numbers).
+TEST(ConfigFileTool, SchemasWithoutObjectSubschemasAreRefused)
+{
+    rapidjson::Document document;
+    ASSERT_FALSE(ConfigFileTool::ReadJsonString(R"({"name": "car"})", document));
+    for (const char* text : {R"({"oneOf": [{"type": "object"}, 1, 1.5e300]})", R"({"not": 3})",
+                             R"({"properties": {"a": []}})", R"({"items": [{"type": "string"}, "x"]})",
+                             R"({"$ref": "#/definitions/missing"})", R"({"$ref": "#/definitions/n", "definitions": {"n": 5}})",
+                             R"({"$ref": "http://example.com/schema"})", R"({"allOf": []})", R"([1, 2])"}) {
+        rapidjson::Document schema;
+        ASSERT_FALSE(ConfigFileTool::ReadJsonString(text, schema)) << text;
+        EXPECT_FALSE(ConfigFileTool::IsUsableSchema(schema)) << text;
+        const std::string out =
+            Console([&]() { EXPECT_FALSE(ConfigFileTool::IsJsonConsistentWithSchema(document, schema)); });
+        EXPECT_TRUE(Contains(out, "The schema is not valid")) << out;
+    }
+    for (const char* text : {R"({"type": "object", "properties": {"name": {"$ref": "#/definitions/text"}},
+                                 "definitions": {"text": {"type": "string"}}})",
+                             R"({"anyOf": [{"required": ["name"]}, {"not": {"type": "array"}}],
+                                 "additionalProperties": false, "properties": {"name": {}}})",
+                             R"({"$ref": "#"})"}) {
+        rapidjson::Document schema;
+        ASSERT_FALSE(ConfigFileTool::ReadJsonString(text, schema)) << text;
+        EXPECT_TRUE(ConfigFileTool::IsUsableSchema(schema)) << text;
+    }
+}
+
 TEST(FileHander, PathsAndFiles)
 {
     TempDir dir;

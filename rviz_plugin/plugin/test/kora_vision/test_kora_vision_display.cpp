@@ -52,6 +52,7 @@
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <limits>
 #include <memory>
 
 extern "C" {
@@ -452,8 +453,14 @@ TEST_F(DecoderSwitchInRviz, HardwareFailsHereAndSoftwareBringsTheVideoBack)
     ASSERT_NE(detail, nullptr);
     EXPECT_TRUE(detail->text().contains("(error code:-3 Failed to create the NVIDIA hardware decoder."))
         << detail->text().toStdString();
-    EXPECT_EQ(StatusText(image->GetStatusList(), "Decoder Status").left(40),
-              QString(" Failed to create the NVIDIA hardware decoder.").left(40));
+    // The status arrives as a queued call; under load it may come an event-loop turn after the dialog.
+    EXPECT_TRUE(PumpUntil(
+        [&]() {
+            return StatusText(image->GetStatusList(), "Decoder Status")
+                .startsWith(" Failed to create the NVIDIA hardware decoder.");
+        },
+        std::chrono::seconds(2)))
+        << StatusText(image->GetStatusList(), "Decoder Status").toStdString();
     EXPECT_EQ(image->GetDecoderProperty()->GetMode(), custom::DecoderInfo::NVIDIA_HARDWARE_DECODING_MODE);
     ASSERT_TRUE(PumpUntil([&]() { return frequency() == "0 Hz"; }, std::chrono::seconds(5)));
     tool->GetDetailDialog()->accept();
@@ -473,7 +480,11 @@ TEST_F(DecoderSwitchInRviz, HardwareFailsHereAndSoftwareBringsTheVideoBack)
     QApplication::processEvents();
     std::filesystem::create_directories(RVIZ_PLUGIN_ARTIFACT_DIR);
     tool->GetDetailDialog()->grab().save(RVIZ_PLUGIN_ARTIFACT_DIR "/decoder_switch_result.png");
-    EXPECT_EQ(StatusText(image->GetStatusList(), "Decoder Status"), " A software decoder is successfully created.");
+    EXPECT_TRUE(PumpUntil(
+        [&]() {
+            return StatusText(image->GetStatusList(), "Decoder Status") == " A software decoder is successfully created.";
+        },
+        std::chrono::seconds(2)));
     EXPECT_TRUE(PumpUntil([&]() { return frequency() != "0 Hz"; }, std::chrono::seconds(10))) << "no video after";
     car.Stop();
 }
@@ -555,6 +566,106 @@ TEST_F(KoraVisionDisplayTest, WallTitleBarOpensTheDecodingEvaluation)
     EXPECT_EQ(entrance->GetDialog()->GetEvaluateWidget()->GetText(), "Failed to evaluate the decoder performance.");
     EXPECT_NE(log.find("Failed to get orsa path."), std::string::npos) << log;
     entrance->GetDialog()->close();
+}
+
+// The property at a "/"-separated path below root, or null.
+rviz::Property* At(rviz::Property* root, const QString& path)
+{
+    rviz::Property* property = root;
+    for (const QString& name : path.split('/')) {
+        property = property == nullptr ? nullptr : Child(property, name);
+    }
+    return property;
+}
+
+// The map child of that name, made when missing (rviz's mapMakeChild replaces an existing one).
+rviz::Config MapChild(rviz::Config config, const QString& name)
+{
+    const rviz::Config existing = config.mapGetChild(name);
+    return existing.isValid() ? existing : config.mapMakeChild(name);
+}
+
+// Saves value at a "/"-separated path of a configuration; a path ending in a map takes it as "Value".
+void SetAt(rviz::Config config, const QString& path, const QVariant& value, bool asMapValue = false)
+{
+    const QStringList names = path.split('/');
+    for (int i = 0; i + 1 < names.size(); ++i) {
+        config = MapChild(config, names[i]);
+    }
+    if (asMapValue) {
+        MapChild(config, names.back()).mapSetValue("Value", value);
+    } else {
+        config.mapSetValue(names.back(), value);
+    }
+}
+
+// Generated cases: every numeric and checkbox setting of an item saved with a wrong type, a value that
+// is not a number, a negative and a huge one; each comes back as a new item has it, nothing crashes.
+TEST_F(KoraVisionDisplayTest, AbsurdSavedValuesFallBackToTheDefaults)
+{
+    struct Setting {
+        QString path;
+        QVariant expected;
+        bool mapValue;  // saved as the "Value" of a map (a property with children)
+    };
+    const std::vector<Setting> settings = {
+        {"Time Sync Queue Size", 30, false},
+        {"Image/Queue Size", 30, false},
+        {"Image/Cropping", false, true},
+        {"Image/Cropping/Zoom Factor(%)", 100, false},
+        {"Image/Cropping/Top(%)", 0, false},
+        {"Objects", false, true},
+        {"Objects/Queue Size", 30, false},
+        {"Objects/Display Effects/Text Scale", 0.7F, false},
+        {"Objects/Display Effects/Text Thickness", 1, false},
+        {"Objects/Display Effects/Object ID", false, false},
+        {"Freespace/Display Effects/Freespace Alpha", 0.4F, false},
+        {"MarkerArray/Display Effects/Text Thickness", 1, false},
+    };
+    const std::vector<QVariant> absurd = {QString("many"), std::nan(""), -5, 1e30, QString(""),
+                                          std::numeric_limits<double>::infinity()};
+    for (const QVariant& value : absurd) {
+        SCOPED_TRACE(value.toString().toStdString());
+        rviz::Config config;
+        const QString item = "(1)camera_absurd";  // a key without "/", which SetAt splits on
+        for (const Setting& setting : settings) {
+            SetAt(config, item + "/" + setting.path, value, setting.mapValue);
+        }
+        // Rows of a classification setting with absurd children.
+        const QString row = item + "/Road Lines/Display Effects/Classification Setting/Classification 1/";
+        SetAt(config, row + "Value", value);
+        SetAt(config, row + "Line Thickness", value);
+        SetAt(config, row + "Is Solid", value);
+        SetAt(config, row + "Color", QString("not a colour"));
+        SetAt(config, item + "/Semantic Segmentation/Classification Setting/Classification 1/Alpha", value);
+
+        delete display;
+        display = new KoraVisionDisplay();
+        frame->getManager()->addDisplay(display, true);
+        display->load(config);
+        ASSERT_EQ(display->GetVideoCount(), 1);
+        rviz_plugin::KoraVisionProperty* loaded = display->GetVisionProperty(0);
+        for (const Setting& setting : settings) {
+            rviz::Property* property = At(loaded, setting.path);
+            ASSERT_NE(property, nullptr) << setting.path.toStdString();
+            EXPECT_EQ(property->getValue().toString(), setting.expected.toString()) << setting.path.toStdString();
+        }
+        rviz_plugin::BaseSettingProperty* lines = loaded->GetVisionProperty()->GetRoadLineSetting();
+        ASSERT_EQ(lines->GetRowCount(), 1);
+        EXPECT_EQ(lines->GetRow(0)->getValue().toString(), "0, solid, 2");
+        rviz_plugin::BaseSettingProperty* segments = loaded->GetVisionProperty()->GetSegmentationSetting();
+        ASSERT_EQ(segments->GetRowCount(), 1);
+        EXPECT_EQ(At(segments->GetRow(0), "Alpha")->getValue().toFloat(), 0.4F);
+        // What the overlay draws with is the same as what the tree shows.
+        const rviz_plugin::IppConfig drawn = ConfigOf(loaded);
+        EXPECT_EQ(drawn.queueSize, 30U);
+        EXPECT_FLOAT_EQ(drawn.objectDisplay.textScale, 0.7F);
+        EXPECT_EQ(drawn.objectDisplay.textThickness, 1);
+        EXPECT_EQ(drawn.freespaceColor[3], 102);
+        EXPECT_EQ(drawn.imageLineClassifications.at(0).lineThickness, 2);
+        EXPECT_EQ(drawn.semanticSegmentationClassifications.at(0).alpha, 102);
+        EXPECT_FALSE(drawn.IsEnabled(rviz_plugin::Objects));
+    }
 }
 
 TEST_F(KoraVisionDisplayTest, DroppedTopicAddsAnItemAndOnlyVideoTopicsAreTaken)
