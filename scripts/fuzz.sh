@@ -88,7 +88,11 @@ for target in "${TARGETS[@]}"; do
      $(options_of "$target") corpus 2>&1 |
      grep -E "stat::number_of_executed_units|stat::peak_rss|ERROR|SUMMARY|Done" || true)
   # libFuzzer leaves crash-* or timeout-* files behind when it found something.
-  if ls "$out"/crash-* "$out"/timeout-* "$out"/leak-* "$out"/oom-* >/dev/null 2>&1; then
+  found=""
+  for kind in crash timeout leak oom; do
+    compgen -G "$out/$kind-*" >/dev/null && found=yes
+  done
+  if [ -n "$found" ]; then
     echo "fuzz $target found a failing input in $out" >&2
     status=1
   fi
