@@ -74,7 +74,7 @@ for target in "${TARGETS[@]}"; do
      [ -n "$(find "${sources[@]}" -newer "$binary" 2>/dev/null | head -1)" ]; then
     # shellcheck disable=SC2046
     clang++ -std=c++17 -O1 -g -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined \
-      -fsanitize-recover=pointer-overflow \
+      -fsanitize-recover=pointer-overflow,float-cast-overflow \
       -I"$SRC" -I"$BUILD_DIR/devel/include" -I/usr/include/OGRE "${sources[@]}" -o "$binary" \
       $(libraries_of "$target")
   fi

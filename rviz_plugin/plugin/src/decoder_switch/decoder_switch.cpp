@@ -37,12 +37,12 @@ DecoderSwitch::~DecoderSwitch()
 
 void DecoderSwitch::onInitialize()
 {
-    decoderSelectionProperty = new rviz::EnumProperty(
+    decoderSelectionProperty = new CheckedEnumProperty(
         "Decoder Selection", "Software", "The property to save the decoder selection of the switch.",
         getPropertyContainer());
     for (int mode : {custom::DecoderInfo::SOFTWARE_DECODING_MODE, custom::DecoderInfo::INTEL_HARDWARE_DECODING_MODE,
                      custom::DecoderInfo::NVIDIA_HARDWARE_DECODING_MODE}) {
-        decoderSelectionProperty->addOption(DecoderSwitchResult::ModeName(mode), mode);
+        decoderSelectionProperty->AddOption(DecoderSwitchResult::ModeName(mode), mode);
     }
     cpuUsageHandler = std::make_unique<Orsa::CpuUsageHandler>();
     cpuUsageHandler->InitCpuUsageThreshold(cpuUsageLimit);
@@ -226,8 +226,8 @@ void DecoderSwitch::SetInteractToolAsDefaultTool()
 
 void DecoderSwitch::load(const rviz::Config& config)
 {
-    rviz::Tool::load(config);
     const ConfigLoadGuard guard(getPropertyContainer());
+    rviz::Tool::load(config);
     getPropertyContainer()->load(config);
     guard.RestoreInvalid(config);
 }

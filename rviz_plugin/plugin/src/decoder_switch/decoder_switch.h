@@ -19,11 +19,9 @@
 #include <chrono>
 #include <memory>
 
-namespace rviz {
-class EnumProperty;
-}
-
 namespace rviz_plugin {
+
+class CheckedEnumProperty;
 
 // Tool-bar button that switches the decoders of all video items at once. It counts the decoders,
 // sends the chosen mode, collects each decoder's answer and reports them. Its ROS callbacks run on a
@@ -76,7 +74,7 @@ private:
     QTimer cpuTimer;
     QTimer pumpTimer;
     QTimer answerTimer;
-    rviz::EnumProperty* decoderSelectionProperty = nullptr;
+    CheckedEnumProperty* decoderSelectionProperty = nullptr;
     bool isWaiting = false;
     int decoderCount = 0;
     DecoderSwitchResult result;

@@ -9,6 +9,12 @@
 
 namespace rviz_plugin {
 
+void CheckedEnumProperty::AddOption(const QString& option, int value)
+{
+    addOption(option, value);
+    options << option;
+}
+
 ConfigLoadGuard::ConfigLoadGuard(const rviz::Property* tree) : root(tree)
 {
     Remember(root);
@@ -68,7 +74,10 @@ void ConfigLoadGuard::Restore(rviz::Property* property, const rviz::Config& conf
         QVariant value;
         const bool hasValue = saved.getType() == rviz::Config::Value ? (value = saved.getValue(), true)
                                                                     : saved.mapGetValue("Value", &value);
-        if (hasValue && remembered->value.isValid() && !IsTakenAsSaved(remembered->value, value, child->getValue())) {
+        const auto* choice = qobject_cast<const CheckedEnumProperty*>(child);
+        const bool taken = choice != nullptr ? choice->HasOption(child->getValue().toString())
+                                             : IsTakenAsSaved(remembered->value, value, child->getValue());
+        if (hasValue && remembered->value.isValid() && !taken) {
             child->setValue(remembered->value);
         }
         if (saved.getType() == rviz::Config::Map) {

@@ -1,5 +1,7 @@
 #include "decoder_property.h"
 
+#include "foundation/config_load_guard.h"
+
 #ifndef Q_MOC_RUN
 #include <rviz/properties/enum_property.h>
 #include <rviz/properties/int_property.h>
@@ -21,13 +23,13 @@ DecoderProperty::DecoderProperty(rviz::Property* parent, int index)
     // Not part of the tree: the global choice belongs to the tool, each item shows its own selection.
     globalSettingProperty = std::make_unique<rviz::IntProperty>(
         "Global Setting", globalSettingNum, "The global decoder selection setting for each KORA Vision");
-    decoderSelectionProperty = new rviz::EnumProperty(
+    decoderSelectionProperty = new CheckedEnumProperty(
         "Decoder Selection", modeNames.value(globalSettingNum),
         "The decoder that decodes this item's video: software, or the Intel or NVIDIA hardware decoder.", nullptr,
         SLOT(UpdateDecoderSelectionMode()), this);
     for (int mode : {custom::DecoderInfo::INTEL_HARDWARE_DECODING_MODE, custom::DecoderInfo::SOFTWARE_DECODING_MODE,
                      custom::DecoderInfo::NVIDIA_HARDWARE_DECODING_MODE}) {
-        decoderSelectionProperty->addOption(modeNames.value(mode), mode);
+        decoderSelectionProperty->AddOption(modeNames.value(mode), mode);
     }
     parent->addChild(decoderSelectionProperty, index);
     selectionSubscriber = nodeHandle.subscribe<custom::DecoderInfo>(

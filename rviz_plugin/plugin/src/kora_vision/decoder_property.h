@@ -13,12 +13,13 @@
 #endif
 
 namespace rviz {
-class EnumProperty;
 class IntProperty;
 class Property;
 } // namespace rviz
 
 namespace rviz_plugin {
+
+class CheckedEnumProperty;
 
 // The decoder choice of one video item ("Decoder Selection" under "Image"). A choice made by hand
 // applies to this item; the decoder switch tool sets every item at once over
@@ -47,7 +48,7 @@ private:
     void SetMode(int mode);
 
     std::unique_ptr<rviz::IntProperty> globalSettingProperty;
-    rviz::EnumProperty* decoderSelectionProperty = nullptr;
+    CheckedEnumProperty* decoderSelectionProperty = nullptr;
     QMap<int, QString> modeNames;
     // Set while the choice is changed from the decoder's side, so that no new command goes out.
     bool guard = false;

@@ -1,5 +1,7 @@
 #include "image_property.h"
 
+#include "foundation/config_load_guard.h"
+
 #include "decoder_property.h"
 #include "video_control_widget.h"
 
@@ -91,15 +93,15 @@ void ImageProperty::InitializeBasicProperties(const QString& messageType, const 
     croppingProperty = new rviz::BoolProperty("Cropping", false, "Allows you to crop the image to adjust its display.",
                                               this, SLOT(OnCroppingChange()), this);
     croppingProperty->setDisableChildrenIfFalse(true);
-    croppingTypeProperty = new rviz::EnumProperty(
+    croppingTypeProperty = new CheckedEnumProperty(
         "Cropping Type", "Free",
         "The way an image is cropped. Currently, there are two types of cropping. One is Free, in which the percentage "
         "of pixels on each edge of the image can be cropped as needed. The other is Zoom, in which the edge of the "
         "image is cropped according to a preset proportion. In this mode, the proportion of the image remains "
         "unchanged before and after the cropping, and the image seems only scaled in.",
         croppingProperty, SLOT(OnZoomChange()), this);
-    croppingTypeProperty->addOption("Zoom", Zoom);
-    croppingTypeProperty->addOption("Free", Free);
+    croppingTypeProperty->AddOption("Zoom", Zoom);
+    croppingTypeProperty->AddOption("Free", Free);
     zoomFactorProperty = new rviz::IntProperty(
         "Zoom Factor(%)", minZoomFactor,
         "Scale, by which you can adjust the number of pixels that are cropped at the four edges of the image. The "

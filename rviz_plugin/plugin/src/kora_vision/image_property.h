@@ -7,11 +7,12 @@
 
 namespace rviz {
 class BoolProperty;
-class EnumProperty;
 class IntProperty;
 } // namespace rviz
 
 namespace rviz_plugin {
+
+class CheckedEnumProperty;
 
 class DecoderProperty;
 class VideoControlWidget;
@@ -63,7 +64,7 @@ private:
     const int minZoomFactor = 100;
     const int maxZoomFactor = 200;
     rviz::BoolProperty* croppingProperty = nullptr;
-    rviz::EnumProperty* croppingTypeProperty = nullptr;
+    CheckedEnumProperty* croppingTypeProperty = nullptr;
     rviz::IntProperty* zoomFactorProperty = nullptr;
     rviz::IntProperty* topCroppingProperty = nullptr;
     rviz::IntProperty* downCroppingProperty = nullptr;
