@@ -118,6 +118,30 @@ constexpr int maxSchemaDepth = 64;
 
 bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& root, int depth);
 
+// RapidJSON's own regular expressions assert (or, without assertions, go on with a wrong operator)
+// on a "(" that is never closed: patterns must have balanced parentheses outside classes and escapes.
+bool IsUsablePattern(const char* pattern)
+{
+    int depth = 0;
+    bool inClass = false;
+    for (const char* c = pattern; *c != '\0'; ++c) {
+        if (*c == '\\') {
+            if (*++c == '\0') {
+                return false;
+            }
+        } else if (inClass) {
+            inClass = *c != ']';
+        } else if (*c == '[') {
+            inClass = true;
+        } else if (*c == '(') {
+            ++depth;
+        } else if (*c == ')' && --depth < 0) {
+            return false;
+        }
+    }
+    return depth == 0 && !inClass;
+}
+
 bool AreUsableSubschemas(const rapidjson::Value& value, const rapidjson::Value& root, int depth)
 {
     if (!value.IsArray() || value.Empty()) {
@@ -146,7 +170,8 @@ bool AreUsableSchemaMembers(const rapidjson::Value& value, const rapidjson::Valu
 
 // RapidJSON compiles a schema without checking its shape and dereferences what it could not compile
 // (an "oneOf" entry that is a number, a "$ref" to one). Only schemas whose subschemas are objects,
-// and whose references point inside the document at objects, are handed to it.
+// whose references point inside the document at objects and whose patterns it can compile are
+// handed to it.
 bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& root, int depth)
 {
     if (!value.IsObject() || depth > maxSchemaDepth) {
@@ -161,16 +186,27 @@ bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& ro
             usable = AreUsableSubschemas(entry, root, depth);
         } else if (key == "not") {
             usable = IsUsableSubschema(entry, root, depth);
-        } else if (key == "properties" || key == "patternProperties" || key == "definitions") {
+        } else if (key == "properties" || key == "definitions") {
             usable = AreUsableSchemaMembers(entry, root, depth);
+        } else if (key == "patternProperties") {
+            usable = AreUsableSchemaMembers(entry, root, depth);
+            if (usable) {
+                for (const auto& pattern : entry.GetObject()) {
+                    usable = usable && IsUsablePattern(pattern.name.GetString());
+                }
+            }
+        } else if (key == "pattern") {
+            usable = entry.IsString() && IsUsablePattern(entry.GetString());
         } else if (key == "additionalProperties" || key == "additionalItems") {
             usable = entry.IsBool() || IsUsableSubschema(entry, root, depth);
         } else if (key == "items") {
             usable = entry.IsArray() ? AreUsableSubschemas(entry, root, depth) : IsUsableSubschema(entry, root, depth);
         } else if (key == "dependencies") {
             usable = entry.IsObject();
-            for (auto dependency = entry.MemberBegin(); usable && dependency != entry.MemberEnd(); ++dependency) {
-                usable = dependency->value.IsArray() || IsUsableSubschema(dependency->value, root, depth);
+            if (usable) {
+                for (const auto& dependency : entry.GetObject()) {
+                    usable = usable && (dependency.value.IsArray() || IsUsableSubschema(dependency.value, root, depth));
+                }
             }
         } else if (key == "$ref") {
             const std::string reference = entry.IsString() ? entry.GetString() : std::string();

@@ -146,7 +146,9 @@ TEST(ConfigFileTool, SchemasWithoutObjectSubschemasAreRefused)
     for (const char* text : {R"({"oneOf": [{"type": "object"}, 1, 1.5e300]})", R"({"not": 3})",
                              R"({"properties": {"a": []}})", R"({"items": [{"type": "string"}, "x"]})",
                              R"({"$ref": "#/definitions/missing"})", R"({"$ref": "#/definitions/n", "definitions": {"n": 5}})",
-                             R"({"$ref": "http://example.com/schema"})", R"({"allOf": []})", R"([1, 2])"}) {
+                             R"({"$ref": "http://example.com/schema"})", R"({"allOf": []})", R"([1, 2])",
+                             R"({"patternProperties": {"a(b": {}}})", R"({"pattern": "x)("})", R"({"pattern": 5})",
+                             R"({"patternProperties": [{"a": "x"}]})", R"({"dependencies": [1]})"}) {
         rapidjson::Document schema;
         ASSERT_FALSE(ConfigFileTool::ReadJsonString(text, schema)) << text;
         EXPECT_FALSE(ConfigFileTool::IsUsableSchema(schema)) << text;
@@ -158,7 +160,7 @@ TEST(ConfigFileTool, SchemasWithoutObjectSubschemasAreRefused)
                                  "definitions": {"text": {"type": "string"}}})",
                              R"({"anyOf": [{"required": ["name"]}, {"not": {"type": "array"}}],
                                  "additionalProperties": false, "properties": {"name": {}}})",
-                             R"({"$ref": "#"})"}) {
+                             R"({"$ref": "#"})", R"({"patternProperties": {"^a(b|c)+$": {}, "[(]\\(": {}}})"}) {
         rapidjson::Document schema;
         ASSERT_FALSE(ConfigFileTool::ReadJsonString(text, schema)) << text;
         EXPECT_TRUE(ConfigFileTool::IsUsableSchema(schema)) << text;
