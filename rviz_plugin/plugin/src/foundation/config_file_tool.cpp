@@ -9,6 +9,7 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 
@@ -119,11 +120,54 @@ constexpr int maxSchemaDepth = 64;
 bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& root, int depth);
 
 // RapidJSON's own regular expressions assert (or, without assertions, go on with a wrong operator)
-// on a "(" that is never closed: patterns must have balanced parentheses outside classes and escapes.
+// on a "(" that is never closed or a quantifier "{n,m}" with n > m, and copy the quantified part
+// n..m times, so that "a{99999999}" (or nested smaller ones) exhausts memory. Patterns must have
+// balanced parentheses outside classes and escapes, and well-formed quantifiers whose bounds, all
+// multiplied (nesting multiplies the copies), stay at most 1000.
+constexpr unsigned maxQuantifierTotal = 1000;
+
+bool ReadQuantifierBound(const char*& c, unsigned& bound)
+{
+    if (*c < '0' || *c > '9') {
+        return false;
+    }
+    bound = 0;
+    while (*c >= '0' && *c <= '9') {
+        bound = bound * 10 + static_cast<unsigned>(*c - '0');
+        if (bound > maxQuantifierTotal) {
+            return false;
+        }
+        ++c;
+    }
+    return true;
+}
+
+// Reads "{n}", "{n,}" or "{n,m}" from c (at the "{"), leaving c at its "}"; multiplies product by its
+// largest bound.
+bool ReadQuantifier(const char*& c, unsigned& product)
+{
+    ++c;
+    unsigned low = 0;
+    unsigned high = 0;
+    if (!ReadQuantifierBound(c, low)) {
+        return false;
+    }
+    high = low;
+    if (*c == ',') {
+        ++c;
+        if (*c != '}' && (!ReadQuantifierBound(c, high) || high < low)) {
+            return false;
+        }
+    }
+    product *= std::max({low, high, 1U});
+    return *c == '}' && product <= maxQuantifierTotal;
+}
+
 bool IsUsablePattern(const char* pattern)
 {
     int depth = 0;
     bool inClass = false;
+    unsigned quantified = 1;
     for (const char* c = pattern; *c != '\0'; ++c) {
         if (*c == '\\') {
             if (*++c == '\0') {
@@ -136,6 +180,8 @@ bool IsUsablePattern(const char* pattern)
         } else if (*c == '(') {
             ++depth;
         } else if (*c == ')' && --depth < 0) {
+            return false;
+        } else if (*c == '{' && (c == pattern || !ReadQuantifier(c, quantified))) {
             return false;
         }
     }

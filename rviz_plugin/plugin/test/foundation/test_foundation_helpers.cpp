@@ -148,7 +148,10 @@ TEST(ConfigFileTool, SchemasWithoutObjectSubschemasAreRefused)
                              R"({"$ref": "#/definitions/missing"})", R"({"$ref": "#/definitions/n", "definitions": {"n": 5}})",
                              R"({"$ref": "http://example.com/schema"})", R"({"allOf": []})", R"([1, 2])",
                              R"({"patternProperties": {"a(b": {}}})", R"({"pattern": "x)("})", R"({"pattern": 5})",
-                             R"({"patternProperties": [{"a": "x"}]})", R"({"dependencies": [1]})"}) {
+                             R"({"patternProperties": [{"a": "x"}]})", R"({"dependencies": [1]})",
+                             R"({"pattern": "a{99999999}"})", R"({"pattern": "a{5,2}"})", R"({"pattern": "a{x}"})",
+                             R"({"pattern": "{2}"})", R"({"pattern": "(a{600}){600}"})",
+                             R"({"pattern": "((a{20}){20}){20}"})"}) {
         rapidjson::Document schema;
         ASSERT_FALSE(ConfigFileTool::ReadJsonString(text, schema)) << text;
         EXPECT_FALSE(ConfigFileTool::IsUsableSchema(schema)) << text;
@@ -160,7 +163,8 @@ TEST(ConfigFileTool, SchemasWithoutObjectSubschemasAreRefused)
                                  "definitions": {"text": {"type": "string"}}})",
                              R"({"anyOf": [{"required": ["name"]}, {"not": {"type": "array"}}],
                                  "additionalProperties": false, "properties": {"name": {}}})",
-                             R"({"$ref": "#"})", R"({"patternProperties": {"^a(b|c)+$": {}, "[(]\\(": {}}})"}) {
+                             R"({"$ref": "#"})", R"({"patternProperties": {"^a(b|c)+$": {}, "[(]\\(": {}}})",
+                             R"({"pattern": "^[0-9]{1,3}(\\.[0-9]{1,3}){3}$"})", R"({"pattern": "x{2,}[{]"})"}) {
         rapidjson::Document schema;
         ASSERT_FALSE(ConfigFileTool::ReadJsonString(text, schema)) << text;
         EXPECT_TRUE(ConfigFileTool::IsUsableSchema(schema)) << text;
