@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <fstream>
 
 namespace Orsa {
@@ -125,6 +126,10 @@ bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& ro
 // balanced parentheses outside classes and escapes, and well-formed quantifiers whose bounds, all
 // multiplied (nesting multiplies the copies), stay at most 1000.
 constexpr unsigned maxQuantifierTotal = 1000;
+// Its matcher follows empty transitions recursively: long patterns full of "*", "+" and "?" overflow
+// the stack. Settings files need nothing near these limits.
+constexpr std::size_t maxPatternLength = 256;
+constexpr unsigned maxRepeatOperators = 16;
 
 bool ReadQuantifierBound(const char*& c, unsigned& bound)
 {
@@ -165,9 +170,13 @@ bool ReadQuantifier(const char*& c, unsigned& product)
 
 bool IsUsablePattern(const char* pattern)
 {
+    if (std::strlen(pattern) > maxPatternLength) {
+        return false;
+    }
     int depth = 0;
     bool inClass = false;
     unsigned quantified = 1;
+    unsigned repeats = 0;
     for (const char* c = pattern; *c != '\0'; ++c) {
         if (*c == '\\') {
             if (*++c == '\0') {
@@ -183,9 +192,64 @@ bool IsUsablePattern(const char* pattern)
             return false;
         } else if (*c == '{' && (c == pattern || !ReadQuantifier(c, quantified))) {
             return false;
+        } else if ((*c == '*' || *c == '+' || *c == '?') && ++repeats > maxRepeatOperators) {
+            return false;
         }
     }
     return depth == 0 && !inClass;
+}
+
+bool ContainsReference(const rapidjson::Value& value)
+{
+    if (value.IsObject()) {
+        for (const auto& member : value.GetObject()) {
+            if (std::strcmp(member.name.GetString(), "$ref") == 0 || ContainsReference(member.value)) {
+                return true;
+            }
+        }
+    }
+    if (value.IsArray()) {
+        for (const auto& entry : value.GetArray()) {
+            if (ContainsReference(entry)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+// A reference RapidJSON follows without looping: into "#/definitions/...", at an object that holds no
+// reference itself (a reference to the root or to a schema that refers back recurses without end).
+bool IsUsableReference(const rapidjson::Value& reference, const rapidjson::Value& root)
+{
+    const std::string prefix = "#/definitions/";
+    if (!reference.IsString() || std::string(reference.GetString()).rfind(prefix, 0) != 0) {
+        return false;
+    }
+    const std::string path = std::string(reference.GetString()).substr(1);
+    const rapidjson::Pointer pointer(path.c_str(), path.size());
+    const rapidjson::Value* target = pointer.IsValid() ? pointer.Get(root) : nullptr;
+    return target != nullptr && target->IsObject() && !ContainsReference(*target);
+}
+
+// RapidJSON compiles every object anywhere in a schema document as a schema (under unknown keys and
+// inside arrays too), so every one of them must pass the checks.
+bool IsUsableValue(const rapidjson::Value& value, const rapidjson::Value& root, int depth)
+{
+    if (value.IsObject()) {
+        return IsUsableSubschema(value, root, depth);
+    }
+    if (value.IsArray()) {
+        if (depth > maxSchemaDepth) {
+            return false;
+        }
+        for (const auto& entry : value.GetArray()) {
+            if (!IsUsableValue(entry, root, depth + 1)) {
+                return false;
+            }
+        }
+    }
+    return true;
 }
 
 bool AreUsableSubschemas(const rapidjson::Value& value, const rapidjson::Value& root, int depth)
@@ -215,9 +279,9 @@ bool AreUsableSchemaMembers(const rapidjson::Value& value, const rapidjson::Valu
 }
 
 // RapidJSON compiles a schema without checking its shape and dereferences what it could not compile
-// (an "oneOf" entry that is a number, a "$ref" to one). Only schemas whose subschemas are objects,
-// whose references point inside the document at objects and whose patterns it can compile are
-// handed to it.
+// (an "oneOf" entry that is a number, a "$ref" to one) and recurses without end on a reference that
+// loops. Only schemas whose subschemas are objects, whose references point into their definitions
+// and whose patterns it can compile are handed to it.
 bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& root, int depth)
 {
     if (!value.IsObject() || depth > maxSchemaDepth) {
@@ -251,16 +315,14 @@ bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& ro
             usable = entry.IsObject();
             if (usable) {
                 for (const auto& dependency : entry.GetObject()) {
-                    usable = usable && (dependency.value.IsArray() || IsUsableSubschema(dependency.value, root, depth));
+                    usable = usable && (dependency.value.IsArray() ? IsUsableValue(dependency.value, root, depth)
+                                                                   : IsUsableSubschema(dependency.value, root, depth));
                 }
             }
         } else if (key == "$ref") {
-            const std::string reference = entry.IsString() ? entry.GetString() : std::string();
-            const std::string path = reference.empty() ? std::string("/invalid~") : reference.substr(1);
-            const rapidjson::Pointer pointer(path.c_str(), path.size());
-            const rapidjson::Value* target =
-                !reference.empty() && reference[0] == '#' && pointer.IsValid() ? pointer.Get(root) : nullptr;
-            usable = target != nullptr && target->IsObject();
+            usable = IsUsableReference(entry, root);
+        } else {
+            usable = IsUsableValue(entry, root, depth);
         }
         if (!usable) {
             return false;

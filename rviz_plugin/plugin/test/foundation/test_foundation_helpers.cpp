@@ -151,7 +151,10 @@ TEST(ConfigFileTool, SchemasWithoutObjectSubschemasAreRefused)
                              R"({"patternProperties": [{"a": "x"}]})", R"({"dependencies": [1]})",
                              R"({"pattern": "a{99999999}"})", R"({"pattern": "a{5,2}"})", R"({"pattern": "a{x}"})",
                              R"({"pattern": "{2}"})", R"({"pattern": "(a{600}){600}"})",
-                             R"({"pattern": "((a{20}){20}){20}"})"}) {
+                             R"({"pattern": "((a{20}){20}){20}"})", R"({"x-note": {"oneOf": 5}})",
+                             R"({"enum": [{"oneOf": [1]}]})", R"({"dependencies": {"a": [{"not": 1}]}})",
+                             R"({"pattern": "a*b*c*d*e*f*g*h*i*j*k*l*m*n*o*p*q*"})", R"({"$ref": "#"})",
+                             R"({"definitions": {"a": {"$ref": "#/definitions/a"}}, "$ref": "#/definitions/a"})"}) {
         rapidjson::Document schema;
         ASSERT_FALSE(ConfigFileTool::ReadJsonString(text, schema)) << text;
         EXPECT_FALSE(ConfigFileTool::IsUsableSchema(schema)) << text;
@@ -163,8 +166,9 @@ TEST(ConfigFileTool, SchemasWithoutObjectSubschemasAreRefused)
                                  "definitions": {"text": {"type": "string"}}})",
                              R"({"anyOf": [{"required": ["name"]}, {"not": {"type": "array"}}],
                                  "additionalProperties": false, "properties": {"name": {}}})",
-                             R"({"$ref": "#"})", R"({"patternProperties": {"^a(b|c)+$": {}, "[(]\\(": {}}})",
-                             R"({"pattern": "^[0-9]{1,3}(\\.[0-9]{1,3}){3}$"})", R"({"pattern": "x{2,}[{]"})"}) {
+                             R"({"patternProperties": {"^a(b|c)+$": {}, "[(]\\(": {}}})",
+                             R"({"pattern": "^[0-9]{1,3}(\\.[0-9]{1,3}){3}$"})", R"({"pattern": "x{2,}[{]"})",
+                             R"({"title": "t", "x-note": {"type": "string"}, "enum": [1, "a", {"type": "number"}]})"}) {
         rapidjson::Document schema;
         ASSERT_FALSE(ConfigFileTool::ReadJsonString(text, schema)) << text;
         EXPECT_TRUE(ConfigFileTool::IsUsableSchema(schema)) << text;
