@@ -9,7 +9,6 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
-#include <algorithm>
 #include <array>
 #include <cstring>
 #include <fstream>
@@ -120,85 +119,6 @@ constexpr int maxSchemaDepth = 64;
 
 bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& root, int depth);
 
-// RapidJSON's own regular expressions assert (or, without assertions, go on with a wrong operator)
-// on a "(" that is never closed or a quantifier "{n,m}" with n > m, and copy the quantified part
-// n..m times, so that "a{99999999}" (or nested smaller ones) exhausts memory. Patterns must have
-// balanced parentheses outside classes and escapes, and well-formed quantifiers whose bounds, all
-// multiplied (nesting multiplies the copies), stay at most 1000.
-constexpr unsigned maxQuantifierTotal = 1000;
-// Its matcher follows empty transitions recursively: long patterns full of "*", "+" and "?" overflow
-// the stack. Settings files need nothing near these limits.
-constexpr std::size_t maxPatternLength = 256;
-constexpr unsigned maxRepeatOperators = 16;
-
-bool ReadQuantifierBound(const char*& c, unsigned& bound)
-{
-    if (*c < '0' || *c > '9') {
-        return false;
-    }
-    bound = 0;
-    while (*c >= '0' && *c <= '9') {
-        bound = bound * 10 + static_cast<unsigned>(*c - '0');
-        if (bound > maxQuantifierTotal) {
-            return false;
-        }
-        ++c;
-    }
-    return true;
-}
-
-// Reads "{n}", "{n,}" or "{n,m}" from c (at the "{"), leaving c at its "}"; multiplies product by its
-// largest bound.
-bool ReadQuantifier(const char*& c, unsigned& product)
-{
-    ++c;
-    unsigned low = 0;
-    unsigned high = 0;
-    if (!ReadQuantifierBound(c, low)) {
-        return false;
-    }
-    high = low;
-    if (*c == ',') {
-        ++c;
-        if (*c != '}' && (!ReadQuantifierBound(c, high) || high < low)) {
-            return false;
-        }
-    }
-    product *= std::max({low, high, 1U});
-    return *c == '}' && product <= maxQuantifierTotal;
-}
-
-bool IsUsablePattern(const char* pattern)
-{
-    if (std::strlen(pattern) > maxPatternLength) {
-        return false;
-    }
-    int depth = 0;
-    bool inClass = false;
-    unsigned quantified = 1;
-    unsigned repeats = 0;
-    for (const char* c = pattern; *c != '\0'; ++c) {
-        if (*c == '\\') {
-            if (*++c == '\0') {
-                return false;
-            }
-        } else if (inClass) {
-            inClass = *c != ']';
-        } else if (*c == '[') {
-            inClass = true;
-        } else if (*c == '(') {
-            ++depth;
-        } else if (*c == ')' && --depth < 0) {
-            return false;
-        } else if (*c == '{' && (c == pattern || !ReadQuantifier(c, quantified))) {
-            return false;
-        } else if ((*c == '*' || *c == '+' || *c == '?') && ++repeats > maxRepeatOperators) {
-            return false;
-        }
-    }
-    return depth == 0 && !inClass;
-}
-
 bool ContainsReference(const rapidjson::Value& value)
 {
     if (value.IsObject()) {
@@ -281,7 +201,7 @@ bool AreUsableSchemaMembers(const rapidjson::Value& value, const rapidjson::Valu
 // RapidJSON compiles a schema without checking its shape and dereferences what it could not compile
 // (an "oneOf" entry that is a number, a "$ref" to one) and recurses without end on a reference that
 // loops. Only schemas whose subschemas are objects, whose references point into their definitions
-// and whose patterns it can compile are handed to it.
+// and that use no regular expressions are handed to it.
 bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& root, int depth)
 {
     if (!value.IsObject() || depth > maxSchemaDepth) {
@@ -298,15 +218,10 @@ bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& ro
             usable = IsUsableSubschema(entry, root, depth);
         } else if (key == "properties" || key == "definitions") {
             usable = AreUsableSchemaMembers(entry, root, depth);
-        } else if (key == "patternProperties") {
-            usable = AreUsableSchemaMembers(entry, root, depth);
-            if (usable) {
-                for (const auto& pattern : entry.GetObject()) {
-                    usable = usable && IsUsablePattern(pattern.name.GetString());
-                }
-            }
-        } else if (key == "pattern") {
-            usable = entry.IsString() && IsUsablePattern(entry.GetString());
+        } else if (key == "patternProperties" || key == "pattern") {
+            // RapidJSON 1.1's regular expressions assert, exhaust memory or overflow the stack on
+            // patterns as plain as "(", "a{5,2}", "a{99999999}" or a run of "*": schemas here use none.
+            usable = false;
         } else if (key == "additionalProperties" || key == "additionalItems") {
             usable = entry.IsBool() || IsUsableSubschema(entry, root, depth);
         } else if (key == "items") {
@@ -341,7 +256,8 @@ bool ConfigFileTool::IsJsonConsistentWithSchema(const rapidjson::Document& docum
                                                 const rapidjson::Document& schema)
 {
     if (!IsUsableSchema(schema)) {
-        LogError("The schema is not valid: every subschema must be an object, and references must point at one.");
+        LogError("The schema is not valid: every subschema must be an object, references must point at a "
+                 "definition without references, and patterns are not supported.");
         return false;
     }
     const rapidjson::SchemaDocument schemaDocument(schema);
