@@ -49,6 +49,13 @@ LabelTexts TextsFor(const QString& subject)
             ScaleDescription(subject), ThicknessDescription(subject)};
 }
 
+QString EffectsDescription(const QString& subject)
+{
+    return QString("Indicates the display effects of %1 data. You can modify the configuration items below Display "
+                   "Effects to change the way the %1 recognition result is displayed on images.")
+        .arg(subject);
+}
+
 void Describe(rviz::Property* property, const QString& description)
 {
     if (property != nullptr) {
@@ -112,6 +119,16 @@ void BaseDisplayEffects::Initialization(LabelDisplay IppConfig::*label, const bo
     });
 }
 
+void BaseDisplayEffects::DescribeLabels(const QString& subject)
+{
+    // Rows an input does not have were dropped; describing them does nothing.
+    const LabelTexts texts = TextsFor(subject);
+    Describe(classificationTextProperty, texts.classificationText);
+    Describe(confidenceProperty, texts.confidence);
+    Describe(textScaleProperty, texts.scale);
+    Describe(textThicknessProperty, texts.thickness);
+}
+
 rviz::IntProperty* BaseDisplayEffects::AddTextThickness(const QString& description,
                                                        const std::function<void(IppConfig&, int)>& store)
 {
@@ -131,50 +148,31 @@ void BaseDisplayEffects::load(const rviz::Config& config)
 }
 
 ObjectDisplayEffects::ObjectDisplayEffects(std::unique_ptr<IppParameters>& params, rviz::Property* parent)
-    : BaseDisplayEffects("Indicates the display effects of object data. You can modify the configuration items below "
-                         "Display Effects to change the way the object recognition result is displayed on images.",
-                         params, parent)
+    : BaseDisplayEffects(EffectsDescription("object"), params, parent)
 {
     Initialization(&IppConfig::objectDisplay, true, defaultTextScale, defaultTextThickness, false);
-    const LabelTexts texts = TextsFor("object");
-    Describe(classificationTextProperty, texts.classificationText);
-    Describe(confidenceProperty, texts.confidence);
+    DescribeLabels("object");
     Describe(objectIdProperty, "Displays the object ID in the object recognition result.");
     Describe(trackIdProperty, "Displays the track ID in the object recognition result.");
-    Describe(textScaleProperty, texts.scale);
-    Describe(textThicknessProperty, texts.thickness);
 }
 
 ImgRectDisplayEffects::ImgRectDisplayEffects(std::unique_ptr<IppParameters>& params, rviz::Property* parent)
-    : BaseDisplayEffects("Indicates the display effects of traffic light data. You can modify the configuration "
-                         "items below Display Effects to change the way the traffic light recognition result is "
-                         "displayed on images.",
-                         params, parent)
+    : BaseDisplayEffects(EffectsDescription("traffic light"), params, parent)
 {
     Initialization(&IppConfig::imageRectangleDisplay, true, defaultTextScale, defaultTextThickness, false);
     Drop(objectIdProperty);
     Drop(trackIdProperty);
-    const LabelTexts texts = TextsFor("traffic light");
-    Describe(classificationTextProperty, texts.classificationText);
-    Describe(confidenceProperty, texts.confidence);
-    Describe(textScaleProperty, texts.scale);
-    Describe(textThicknessProperty, texts.thickness);
+    DescribeLabels("traffic light");
 }
 
 ImgLineDisplayEffects::ImgLineDisplayEffects(std::unique_ptr<IppParameters>& params, rviz::Property* parent)
-    : BaseDisplayEffects("Indicates the display effects of road line data. You can modify the configuration items "
-                         "below Display Effects to change the way the road line recognition result is displayed on "
-                         "images.",
-                         params, parent)
+    : BaseDisplayEffects(EffectsDescription("road line"), params, parent)
 {
     Initialization(&IppConfig::imageLineDisplay, true, defaultTextScale, defaultTextThickness, false);
     Drop(classificationTextProperty);
     Drop(objectIdProperty);
     Drop(trackIdProperty);
-    const LabelTexts texts = TextsFor("road line");
-    Describe(confidenceProperty, texts.confidence);
-    Describe(textScaleProperty, texts.scale);
-    Describe(textThicknessProperty, texts.thickness);
+    DescribeLabels("road line");
 }
 
 MarkerArrayDisplayEffects::MarkerArrayDisplayEffects(std::unique_ptr<IppParameters>& params, rviz::Property* parent)

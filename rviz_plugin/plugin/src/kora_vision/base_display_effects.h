@@ -33,6 +33,8 @@ protected:
     // The label rows of objects, traffic lights and road lines, writing into label of the settings.
     void Initialization(LabelDisplay IppConfig::*label, const bool& showConfidence, const float& textScale,
                         const int& textThickness, const bool& showTextDisplay);
+    // Describes the label rows for subject ("object", "traffic light", "road line").
+    void DescribeLabels(const QString& subject);
     // Writes one change into the settings.
     void Write(const std::function<void(IppConfig&)>& change);
     rviz::IntProperty* AddTextThickness(const QString& description, const std::function<void(IppConfig&, int)>& store);
