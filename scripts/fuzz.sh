@@ -85,8 +85,10 @@ for target in "${TARGETS[@]}"; do
   export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1:suppressions=$PLUGIN/test/foundation/ubsan_rapidjson.supp"
   # shellcheck disable=SC2046
   (cd "$out" && "$binary" "$limit" -rss_limit_mb=2048 -timeout=10 -close_fd_mask=1 -print_final_stats=1 \
-     $(options_of "$target") corpus 2>&1 |
-     grep -E "stat::number_of_executed_units|stat::peak_rss|ERROR|SUMMARY|Done" || true)
+     $(options_of "$target") corpus 2>&1) > "$out/last_run.log" || status=1
+  grep -E "stat::number_of_executed_units|stat::peak_rss|ERROR|SUMMARY|Done" "$out/last_run.log" || true
+  # A run that never got going (a missing binary or library) has no statistics: that is a failure too.
+  grep -q "stat::number_of_executed_units" "$out/last_run.log" || { echo "fuzz $target did not run" >&2; status=1; }
   # libFuzzer leaves crash-* or timeout-* files behind when it found something.
   found=""
   for kind in crash timeout leak oom; do
