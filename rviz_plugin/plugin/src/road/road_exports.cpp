@@ -1,0 +1,6 @@
+// Registers the plugin classes with rviz's class loader.
+#include "road_elements_panel.h"
+
+#include <pluginlib/class_list_macros.hpp>
+
+PLUGINLIB_EXPORT_CLASS(rviz_plugin::RoadElementsPanel, rviz::Panel)
