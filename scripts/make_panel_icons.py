@@ -72,11 +72,13 @@ def camel_icon(label):
 
 
 # The instrument cluster.
+# The wheel's middle stays free for the speed drawn over it: spokes from the hub ring outwards.
 spokes = "".join(
-    f'<line x1="56" y1="56" x2="{56 + 40 * math.sin(math.radians(a)):.1f}" y2="{56 - 40 * math.cos(math.radians(a)):.1f}" '
+    f'<line x1="{56 + 27 * math.sin(math.radians(a)):.1f}" y1="{56 - 27 * math.cos(math.radians(a)):.1f}" '
+    f'x2="{56 + 40 * math.sin(math.radians(a)):.1f}" y2="{56 - 40 * math.cos(math.radians(a)):.1f}" '
     f'stroke="{GREY}" stroke-width="6"/>' for a in (90, 180, 270))
 svg("wheelPic", 112, 112, f'<circle cx="56" cy="56" r="40" fill="none" stroke="{GREY}" stroke-width="7"/>{spokes}'
-                          f'<circle cx="56" cy="56" r="10" fill="{DARK}" stroke="{GREY}" stroke-width="3"/>'
+                          f'<circle cx="56" cy="56" r="27" fill="none" stroke="{DARK}" stroke-width="2"/>'
                           f'<rect x="52" y="12" width="8" height="9" fill="{CYAN}"/>')
 ticks = "".join(f'<line x1="0" y1="{y}" x2="{8 if y % 20 == 7 else 4}" y2="{y}" stroke="{GREY}" stroke-width="1"/>'
                 for y in range(7, 95, 10))

@@ -15,6 +15,7 @@ const QString laneIcon = ":/icons/lanePic.svg";
 const QString speedLimitIcon = ":/icons/speedLimitPic.svg";
 constexpr double changeLaneScale = 0.85;  // the lane change icons and the speed limit sign
 constexpr int captionFontSize = 11;
+constexpr int valueFontSize = 12;  // the bottom row: five values side by side
 
 QString Fixed(double value, int decimals)
 {
@@ -146,7 +147,7 @@ void RoadElementsWidget::DrawValue(QPainter& painter, double x, const QString& v
 {
     const double width = offsets.Value("valueWidth");
     DrawBoxText(painter, QRectF(x, offsets.Value("roadValueYOffset"), width, offsets.Value("valueHeight")), value,
-                fontColor, fontSize, Qt::AlignCenter, true);
+                fontColor, valueFontSize);
     DrawBoxText(painter, QRectF(x, offsets.Value("commentTextYOffset"), width, offsets.Value("commentTextHeight")),
                 label, funcTextColor, captionFontSize);
 }

@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include <exception>
+#include <tuple>
 
 namespace rviz_plugin {
 
@@ -143,11 +144,17 @@ void TrafficElementsWidget::DrawLeft(QPainter& painter)
     const double x = offsets.Value("valueXOffset");
     const double width = offsets.Value("valueWidth");
     const double height = offsets.Value("valueHeight");
-    const double captionHeight = offsets.Value("commentTextHeight");
-    DrawValueWithCaption(painter, QRectF(x, offsets.Value("satelliteYOffset"), width, height),
-                         QString::number(location.searchedSattelites), captionHeight, "Star");
-    DrawValueWithCaption(painter, QRectF(x, offsets.Value("locStateYOffset"), width, height),
-                         QString::number(location.locationState), captionHeight, "State");
+    // Values on the left, their captions beside them in the comment column.
+    const double captionX = offsets.Value("commentTextXOffset");
+    const double captionWidth = offsets.Value("commentTextWidth");
+    for (const auto& [y, value, caption] :
+         {std::make_tuple(offsets.Value("satelliteYOffset"), int(location.searchedSattelites), "Star"),
+          std::make_tuple(offsets.Value("locStateYOffset"), int(location.locationState), "State")}) {
+        DrawBoxText(painter, QRectF(x, y, width, height), QString::number(value), fontColor, fontSize, Qt::AlignCenter,
+                    true);
+        DrawBoxText(painter, QRectF(captionX, y, captionWidth, height), caption, funcTextColor, captionFontSize,
+                    Qt::AlignLeft | Qt::AlignVCenter);
+    }
 }
 
 void TrafficElementsWidget::DrawLocationType(QPainter& painter)
@@ -185,9 +192,9 @@ void TrafficElementsWidget::DrawRight(QPainter& painter)
                 QRectF(signX, offsets.Value("speedLimitValueYOffset"), signWidth, offsets.Value("speedLimitValueHeight")),
                 Fixed(traffic.speed_limit, 0), QColor(Qt::black), fontSize, Qt::AlignCenter, true);
     DrawBoxText(painter,
-                QRectF(signX + signWidth + 4, offsets.Value("speedLimitSignTextYOffset"),
+                QRectF(signX + signWidth, offsets.Value("speedLimitSignTextYOffset"),
                        offsets.Value("speedLimitSignTextWidth"), offsets.Value("speedLimitSignTextHeight")),
-                "Road", funcTextColor, captionFontSize);
+                "Road", funcTextColor, captionFontSize, Qt::AlignLeft | Qt::AlignVCenter);
     DrawTrafficLight(painter);
     DrawTrafficSign(painter);
 }

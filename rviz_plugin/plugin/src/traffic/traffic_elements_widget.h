@@ -53,7 +53,7 @@ private:
     void DrawRight(QPainter& painter);
     void DrawTrafficLight(QPainter& painter);
     void DrawTrafficSign(QPainter& painter);
-    // A value in the value colour with its caption below, both centred in width.
+    // A value in the value colour with its caption below it, both centred in width.
     void DrawValueWithCaption(QPainter& painter, const QRectF& valueBox, const QString& value, double captionHeight,
                               const QString& caption);
 

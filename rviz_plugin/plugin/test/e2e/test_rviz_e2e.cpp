@@ -148,6 +148,21 @@ TEST_F(RvizEndToEnd, ShippedLayoutShowsFourDecodedCamerasOfTheSimulatedCar)
         return c.blue() > 130 && c.red() < 90 && c.green() < 90;
     });
     EXPECT_GT(freespace, 4 * 1000) << "no freespace drawn";
+    // The vehicle panels, fed by the simulated car: their dark background and their cyan values.
+    const QRect panels(before.width() / 3, 0, before.width() * 2 / 3, before.height());
+    const auto countInPanels = [&before, &panels](auto predicate) {
+        int count = 0;
+        for (int y = panels.top(); y <= panels.bottom(); ++y) {
+            for (int x = panels.left(); x <= panels.right(); ++x) {
+                count += predicate(before.pixelColor(x, y)) ? 1 : 0;
+            }
+        }
+        return count;
+    };
+    EXPECT_GT(countInPanels([](const QColor& c) { return c == QColor(20, 21, 24); }), 5 * 20000)
+        << "the vehicle panels are missing";
+    EXPECT_GT(countInPanels([](const QColor& c) { return c.blue() > 200 && c.green() > 180 && c.red() < 60; }), 500)
+        << "no values in the vehicle panels";
 
     ASSERT_TRUE(rviz->SaveConfig(20s)) << rviz->Log();
     const std::string saved = test_support::ReadFile(work / "kora_vision.rviz");

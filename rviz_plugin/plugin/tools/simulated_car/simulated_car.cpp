@@ -1,15 +1,17 @@
 // A stand-in for the car: publishes what the car's platform sends, so that the plugin can be run
 // and tested without one. Camera video: custom/Video, H.265 access units, one per message. For each
 // camera also what perception finds in its picture, stamped with the picture's stamp, under
-// /<camera>/objects, traffic_lights, road_lines, freespace, segmentation and markers.
+// /<camera>/objects, traffic_lights, road_lines, freespace, segmentation and markers. The vehicle's
+// state, ten times a second, on the topics the vehicle panels read.
 //
 //   simulated_car [--cameras N] [--width W] [--height H] [--fps F] [--duration S]
-//                 [--perception-offset-ms MS] [--drop-perception-every K]
+//                 [--perception-offset-ms MS] [--drop-perception-every K] [--bad-vehicle-every K]
 //
-// The last two exercise the matching: perception stamps shifted by MS, and no perception with
-// every K-th picture.
+// The perception options exercise the matching: perception stamps shifted by MS, and no perception
+// with every K-th picture. The last sends every K-th vehicle status with one field out of range.
 #include "h265_encoder.h"
 #include "synthetic_scene.h"
+#include "vehicle_state.h"
 
 #include <custom/ImageLineArray.h>
 #include <custom/ImageRectangleArray.h>
@@ -20,6 +22,7 @@
 #include <ros/ros.h>
 #include <visualization_msgs/MarkerArray.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
@@ -37,7 +40,10 @@ struct Options {
     double duration = 0;  // seconds; 0 runs until stopped
     int perceptionOffsetMs = 0;
     int dropPerceptionEvery = 0;  // 0 drops none
+    int badVehicleEvery = 0;      // 0 sends none
 };
+
+constexpr double vehicleRate = 10;  // vehicle state messages a second
 
 // Masks are sent at this size whatever the picture's: within the size the display expects.
 constexpr int maskWidth = 640;
@@ -73,6 +79,8 @@ bool ParseOptions(int argc, char** argv, Options& options)
             options.perceptionOffsetMs = std::atoi(value);
         } else if (name == "--drop-perception-every") {
             options.dropPerceptionEvery = std::atoi(value);
+        } else if (name == "--bad-vehicle-every") {
+            options.badVehicleEvery = std::atoi(value);
         } else {
             std::cerr << "unknown option " << name << "\n";
             return false;
@@ -234,6 +242,48 @@ void PublishPerception(Camera& camera, const std_msgs::Header& header, double t,
     PublishMarkers(camera, header, options.width, options.height);
 }
 
+// The vehicle panels' topics.
+class VehiclePublishers {
+public:
+    explicit VehiclePublishers(ros::NodeHandle& node)
+        : status(node.advertise<custom::VehicleStatus>("TopicVehicleInfo", 10)),
+          control(node.advertise<custom::VehicleStatus>("TopicVehicleControl", 10)),
+          keyObject(node.advertise<custom::KeyObject>("TopicKeyObjects", 10)),
+          navigation(node.advertise<custom::NavigationStatus>("TopicNavigationStatus", 10)),
+          location(node.advertise<custom::LocationStatus>("TopicLocationStatus", 10)),
+          traffic(node.advertise<custom::TrafficInfo>("TopicTrafficInfo", 10)),
+          road(node.advertise<custom::RoadInfo>("TopicRoadInfo", 10))
+    {
+    }
+
+    void Publish(double t, int badEvery)
+    {
+        custom::VehicleStatus reported = state.Status(t);
+        if (badEvery > 0 && ++sent % badEvery == 0) {
+            simulated_car::VehicleState::BreakOneField(reported, faults++);
+        }
+        status.publish(reported);
+        control.publish(state.Control(t));
+        keyObject.publish(state.KeyObject(t));
+        navigation.publish(state.Navigation(t));
+        location.publish(state.Location(t));
+        traffic.publish(state.Traffic(t));
+        road.publish(state.Road(t));
+    }
+
+private:
+    simulated_car::VehicleState state;
+    ros::Publisher status;
+    ros::Publisher control;
+    ros::Publisher keyObject;
+    ros::Publisher navigation;
+    ros::Publisher location;
+    ros::Publisher traffic;
+    ros::Publisher road;
+    unsigned sent = 0;
+    unsigned faults = 0;
+};
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -260,6 +310,8 @@ int main(int argc, char** argv)
     std::cout << "simulated car: " << options.cameras << " cameras, " << options.width << "x" << options.height
               << " at " << options.fps << " fps" << std::endl;
 
+    VehiclePublishers vehicle(node);
+    const int vehicleEveryTicks = std::max(1, static_cast<int>(options.fps / vehicleRate));
     const ros::WallTime start = ros::WallTime::now();
     ros::WallRate rate(options.fps);
     simulated_car::YuvImage image(options.width, options.height);
@@ -285,6 +337,9 @@ int main(int argc, char** argv)
                 header.stamp += ros::Duration().fromNSec(static_cast<int64_t>(options.perceptionOffsetMs) * 1000000);
                 PublishPerception(camera, header, t, options);
             }
+        }
+        if (tick % vehicleEveryTicks == 0) {
+            vehicle.Publish(t, options.badVehicleEvery);
         }
         ros::spinOnce();
         rate.sleep();
