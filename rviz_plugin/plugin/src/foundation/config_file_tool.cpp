@@ -185,17 +185,20 @@ bool AreUsableSubschemas(const rapidjson::Value& value, const rapidjson::Value& 
     return true;
 }
 
-bool AreUsableSchemaMembers(const rapidjson::Value& value, const rapidjson::Value& root, int depth)
+// A map of names to schemas ("properties", "definitions"). RapidJSON also compiles the map itself as
+// a schema, so that a name such as "patternProperties" or "$ref" acts as a keyword there: the map must
+// pass as a subschema too, which checks its entries once.
+bool IsUsableSchemaMap(const rapidjson::Value& value, const rapidjson::Value& root, int depth)
 {
     if (!value.IsObject()) {
         return false;
     }
     for (const auto& member : value.GetObject()) {
-        if (!IsUsableSubschema(member.value, root, depth)) {
+        if (!member.value.IsObject()) {
             return false;
         }
     }
-    return true;
+    return IsUsableSubschema(value, root, depth);
 }
 
 // RapidJSON compiles a schema without checking its shape and dereferences what it could not compile
@@ -217,7 +220,7 @@ bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& ro
         } else if (key == "not") {
             usable = IsUsableSubschema(entry, root, depth);
         } else if (key == "properties" || key == "definitions") {
-            usable = AreUsableSchemaMembers(entry, root, depth);
+            usable = IsUsableSchemaMap(entry, root, depth);
         } else if (key == "patternProperties" || key == "pattern") {
             // RapidJSON 1.1's regular expressions assert, exhaust memory or overflow the stack on
             // patterns as plain as "(", "a{5,2}", "a{99999999}" or a run of "*": schemas here use none.
@@ -227,13 +230,8 @@ bool IsUsableSubschema(const rapidjson::Value& value, const rapidjson::Value& ro
         } else if (key == "items") {
             usable = entry.IsArray() ? AreUsableSubschemas(entry, root, depth) : IsUsableSubschema(entry, root, depth);
         } else if (key == "dependencies") {
-            usable = entry.IsObject();
-            if (usable) {
-                for (const auto& dependency : entry.GetObject()) {
-                    usable = usable && (dependency.value.IsArray() ? IsUsableValue(dependency.value, root, depth)
-                                                                   : IsUsableSubschema(dependency.value, root, depth));
-                }
-            }
+            // Names to arrays of names or to schemas; the map is compiled as a schema as well.
+            usable = entry.IsObject() && IsUsableSubschema(entry, root, depth);
         } else if (key == "$ref") {
             usable = IsUsableReference(entry, root);
         } else {

@@ -155,7 +155,10 @@ TEST(ConfigFileTool, SchemasWithoutObjectSubschemasAreRefused)
                              R"({"pattern": "^[0-9]{1,3}$"})", R"({"x-note": {"oneOf": 5}})",
                              R"({"enum": [{"oneOf": [1]}]})", R"({"dependencies": {"a": [{"not": 1}]}})",
                              R"({"pattern": "a*b*c*d*e*f*g*h*i*j*k*l*m*n*o*p*q*"})", R"({"$ref": "#"})",
-                             R"({"definitions": {"a": {"$ref": "#/definitions/a"}}, "$ref": "#/definitions/a"})"}) {
+                             R"({"definitions": {"a": {"$ref": "#/definitions/a"}}, "$ref": "#/definitions/a"})",
+                             R"({"properties": {"patternProperties": {"a(": {}}}})",
+                             R"({"definitions": {"pattern": {"type": "string"}}})",
+                             R"({"dependencies": {"patternProperties": {"a(": {}}}})"}) {
         rapidjson::Document schema;
         ASSERT_FALSE(ConfigFileTool::ReadJsonString(text, schema)) << text;
         EXPECT_FALSE(ConfigFileTool::IsUsableSchema(schema)) << text;
@@ -167,7 +170,8 @@ TEST(ConfigFileTool, SchemasWithoutObjectSubschemasAreRefused)
                                  "definitions": {"text": {"type": "string"}}})",
                              R"({"anyOf": [{"required": ["name"]}, {"not": {"type": "array"}}],
                                  "additionalProperties": false, "properties": {"name": {}}})",
-                             R"({"title": "t", "x-note": {"type": "string"}, "enum": [1, "a", {"type": "number"}]})"}) {
+                             R"({"title": "t", "x-note": {"type": "string"}, "enum": [1, "a", {"type": "number"}]})",
+                             R"({"dependencies": {"a": ["b"], "c": {"required": ["d"]}}})"}) {
         rapidjson::Document schema;
         ASSERT_FALSE(ConfigFileTool::ReadJsonString(text, schema)) << text;
         EXPECT_TRUE(ConfigFileTool::IsUsableSchema(schema)) << text;
