@@ -34,6 +34,7 @@ QMap<QString, double> ReadGroup(QSettings& settings, const QString& group)
 
 BaseCarView::BaseCarView(QWidget* parent) : QWidget(parent)
 {
+    rviz_plugin::MakeOpaquePanelWidget(this);
     leftBar.side = 0;
     rightBar.side = 1;
 }
@@ -107,6 +108,7 @@ void BaseCarView::UpdateValue(const custom::VehicleStatus& status)
 void BaseCarView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    rviz_plugin::FillPanelBackground(painter, rect());
     SetScale(painter);
     DrawInfo(painter);
     DrawSteeringWheel(painter);

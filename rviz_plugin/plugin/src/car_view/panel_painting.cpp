@@ -5,6 +5,7 @@
 #include <QSvgRenderer>
 
 #include <algorithm>
+#include <cmath>
 
 namespace rviz_plugin {
 
@@ -41,6 +42,16 @@ QString ReadWheelStyleSheet()
     return QString::fromUtf8(file.readAll());
 }
 
+void MakeOpaquePanelWidget(QWidget* widget)
+{
+    widget->setAttribute(Qt::WA_OpaquePaintEvent, true);
+}
+
+void FillPanelBackground(QPainter& painter, const QRect& rect)
+{
+    painter.fillRect(rect, QColor(20, 21, 24));
+}
+
 void SetScale(QPainter& painter, const QRect& rect, const QSizeF& designSize)
 {
     painter.setRenderHint(QPainter::Antialiasing, true);
@@ -66,35 +77,49 @@ void DrawBoxText(QPainter& painter, const QRectF& box, const QString& text, cons
 SvgIcons::SvgIcons() = default;
 SvgIcons::~SvgIcons() = default;
 
-QSvgRenderer* SvgIcons::Get(const QString& path) const
+SvgIcons::Icon* SvgIcons::Get(const QString& path) const
 {
-    auto found = renderers.find(path);
-    if (found == renderers.end()) {
-        found = renderers.insert(path, std::make_shared<QSvgRenderer>(path));
+    auto found = icons.find(path);
+    if (found == icons.end()) {
+        Icon icon;
+        icon.renderer = std::make_shared<QSvgRenderer>(path);
+        found = icons.insert(path, icon);
     }
-    return found.value()->isValid() ? found.value().get() : nullptr;
+    return found->renderer->isValid() ? &found.value() : nullptr;
 }
 
 QSizeF SvgIcons::Size(const QString& path) const
 {
-    QSvgRenderer* renderer = Get(path);
-    return renderer ? QSizeF(renderer->defaultSize()) : QSizeF();
+    const Icon* icon = Get(path);
+    return icon ? QSizeF(icon->renderer->defaultSize()) : QSizeF();
 }
 
 void SvgIcons::Render(QPainter& painter, const QString& path, const QPointF& topLeft, double scale) const
 {
-    QSvgRenderer* renderer = Get(path);
-    if (renderer) {
-        renderer->render(&painter, QRectF(topLeft, QSizeF(renderer->defaultSize()) * scale));
-    }
+    RenderIn(painter, path, QRectF(topLeft, Size(path) * scale));
 }
 
 void SvgIcons::RenderIn(QPainter& painter, const QString& path, const QRectF& box) const
 {
-    QSvgRenderer* renderer = Get(path);
-    if (renderer) {
-        renderer->render(&painter, box);
+    Icon* found = Get(path);
+    if (!found || box.isEmpty()) {
+        return;
     }
+    Icon& icon = *found;
+    // The painter's scale, rotation aside: the icon is drawn from a picture of that many device pixels.
+    const double scale = std::sqrt(std::fabs(painter.worldTransform().determinant()));
+    const QSize pixels = (box.size() * scale).toSize().expandedTo(QSize(1, 1));
+    if (icon.picture.size() != pixels) {
+        icon.picture = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
+        icon.picture.fill(Qt::transparent);
+        QPainter picturePainter(&icon.picture);
+        picturePainter.setRenderHint(QPainter::Antialiasing, true);
+        icon.renderer->render(&picturePainter, QRectF(QPointF(0, 0), QSizeF(pixels)));
+    }
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
+    painter.drawImage(box, icon.picture);
+    painter.restore();
 }
 
 } // namespace rviz_plugin

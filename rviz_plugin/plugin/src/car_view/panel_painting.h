@@ -3,10 +3,12 @@
 
 #include <QColor>
 #include <QHash>
+#include <QImage>
 #include <QPainter>
 #include <QRectF>
 #include <QSizeF>
 #include <QString>
+#include <QWidget>
 
 #include <memory>
 
@@ -30,6 +32,12 @@ private:
 // The vehicle panels' style sheet (":/config/wheel.qss"); empty when it does not open.
 QString ReadWheelStyleSheet();
 
+// Makes widget paint its whole rectangle itself (on the panels' background colour), so that a repaint
+// of the widget never repaints the panel behind it.
+void MakeOpaquePanelWidget(QWidget* widget);
+// Fills the widget's rectangle with the panels' background colour.
+void FillPanelBackground(QPainter& painter, const QRect& rect);
+
 // Scales the painter uniformly by the smaller of the rectangle's ratios to the design size, so that
 // drawing in design pixels fills the widget at any size; antialiasing on.
 void SetScale(QPainter& painter, const QRect& rect, const QSizeF& designSize);
@@ -38,7 +46,9 @@ void SetScale(QPainter& painter, const QRect& rect, const QSizeF& designSize);
 void DrawBoxText(QPainter& painter, const QRectF& box, const QString& text, const QColor& color, int pixelSize,
                  int flags = Qt::AlignCenter, bool bold = false);
 
-// SVG icons by resource path, each parsed once and kept for the panel's life.
+// SVG icons by resource path, each parsed once and kept for the panel's life. An icon is drawn from a
+// picture rendered at the size it last had on the device, made again when that size changes, so
+// that a repaint at the same size costs one image blit an icon.
 class SvgIcons {
 public:
     SvgIcons();
@@ -54,8 +64,12 @@ public:
     void RenderIn(QPainter& painter, const QString& path, const QRectF& box) const;
 
 private:
-    QSvgRenderer* Get(const QString& path) const;
-    mutable QHash<QString, std::shared_ptr<QSvgRenderer>> renderers;  // a cache
+    struct Icon {
+        std::shared_ptr<QSvgRenderer> renderer;
+        QImage picture;
+    };
+    Icon* Get(const QString& path) const;
+    mutable QHash<QString, Icon> icons;  // a cache
 };
 
 } // namespace rviz_plugin

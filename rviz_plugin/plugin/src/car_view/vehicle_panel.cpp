@@ -8,10 +8,6 @@
 
 namespace rviz_plugin {
 
-namespace {
-constexpr int framePeriodMs = 16;
-}
-
 VehiclePanel::VehiclePanel(QWidget* parent)
     : rviz::Panel(parent), gate(framePeriodMs), intake(std::make_unique<MessageIntake>([this] { gate.Request(); }))
 {

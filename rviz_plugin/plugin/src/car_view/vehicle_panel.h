@@ -16,6 +16,10 @@ namespace rviz_plugin {
 class VehiclePanel : public rviz::Panel {
     Q_OBJECT
 public:
+    // The panels repaint at most this often: 20 a second, enough for values read by eye, and a
+    // burst of messages costs the GUI thread no more than that.
+    static constexpr int framePeriodMs = 50;
+
     explicit VehiclePanel(QWidget* parent = nullptr);
     ~VehiclePanel() override;
 

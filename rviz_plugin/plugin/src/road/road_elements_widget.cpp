@@ -26,6 +26,7 @@ QString Fixed(double value, int decimals)
 
 RoadElementsWidget::RoadElementsWidget(QWidget* parent) : QWidget(parent), offsets("RoadEle")
 {
+    MakeOpaquePanelWidget(this);
     InitLaneTypeMap();
     InitFrontIntersectionTypeMap();
 }
@@ -80,6 +81,7 @@ void RoadElementsWidget::UpdateRoadInfoValue(const custom::RoadInfo& info)
 void RoadElementsWidget::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    FillPanelBackground(painter, rect());
     SetScale(painter);
     DrawLanes(painter);
     DrawChangeLane(painter);

@@ -31,6 +31,7 @@ QString Capitalized(const QString& text)
 
 SceneFunctionWidget::SceneFunctionWidget(QWidget* parent) : QWidget(parent), layoutValues("SceneFun")
 {
+    MakeOpaquePanelWidget(this);
     InitOnGoingSceneMap();
     InitOnGoingTurnSceneMap();
     InitNavSceneTypeMap();
@@ -133,6 +134,7 @@ void SceneFunctionWidget::UpdateNavigationStatusValue(const custom::NavigationSt
 void SceneFunctionWidget::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    FillPanelBackground(painter, rect());
     SetScale(painter);
     DrawLeft(painter);
     DrawSplit(painter);

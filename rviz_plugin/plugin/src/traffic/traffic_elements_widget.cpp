@@ -27,6 +27,7 @@ QString Fixed(double value, int decimals)
 
 TrafficElementsWidget::TrafficElementsWidget(QWidget* parent) : QWidget(parent), offsets("TrafficEle")
 {
+    MakeOpaquePanelWidget(this);
     InitLocationTypeMap();
     InitTrafficLightStateMap();
     InitTrafficLightTypeMap();
@@ -119,6 +120,7 @@ void TrafficElementsWidget::UpdateTrafficInfoValue(const custom::TrafficInfo& in
 void TrafficElementsWidget::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    FillPanelBackground(painter, rect());
     SetScale(painter);
     DrawLeft(painter);
     DrawSplit(painter);
