@@ -1,7 +1,7 @@
 #ifndef RVIZ_PLUGIN_VEHICLE_PANEL_H
 #define RVIZ_PLUGIN_VEHICLE_PANEL_H
 
-#include "frame_gate.h"
+#include "vehicle_panels_logic/frame_gate.h"
 #include "vehicle_panels_logic/message_intake.h"
 
 #include <rviz/panel.h>
