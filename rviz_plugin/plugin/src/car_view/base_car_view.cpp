@@ -41,8 +41,7 @@ BaseCarView::BaseCarView(QWidget* parent) : QWidget(parent)
 
 void BaseCarView::ReadConf()
 {
-    setStyleSheet(rviz_plugin::ReadWheelStyleSheet());
-    ensurePolished();
+    rviz_plugin::ApplyWheelStyle(this);
     if (!QFile::exists(layoutFile)) {
         return;
     }
@@ -86,7 +85,7 @@ void BaseCarView::InitializeGearInfo()
 
 void BaseCarView::UpdateValue(const custom::VehicleStatus& status)
 {
-    try {
+    Orsa::RunLoggingExceptions("CarView", [&] {
         brakeValue = 100 * status.brake;
         throttleValue = 100 * status.throttle;
         speed = status.vehicleSpeed;
@@ -97,11 +96,7 @@ void BaseCarView::UpdateValue(const custom::VehicleStatus& status)
         hazardLights = status.hazardLights;
         turnLight = status.turnLight;
         QWidget::update();
-    } catch (const std::exception& exception) {
-        Orsa::LogUnexpectedException("CarView", exception.what());
-    } catch (...) {
-        Orsa::LogUnexpectedException("CarView", nullptr);
-    }
+    });
     dataSeen = true;
 }
 
@@ -178,8 +173,7 @@ void BaseCarView::DrawSteeringWheel(QPainter& painter)
 {
     const QSizeF size = icons.Size(wheelIcon);
     painter.save();
-    painter.translate(wheel.value("width") / divisor + wheel.value("xOffset"),
-                      wheel.value("width") / divisor + wheel.value("yOffset"));
+    painter.translate(WheelCentre());
     painter.rotate(-wheelAngle);
     icons.Render(painter, wheelIcon, QPointF(-size.width() / divisor, -size.height() / divisor));
     painter.restore();
@@ -187,10 +181,9 @@ void BaseCarView::DrawSteeringWheel(QPainter& painter)
 
 void BaseCarView::DrawRing(QPainter& painter)
 {
-    const double centreX = wheel.value("width") / divisor + wheel.value("xOffset");
-    const double centreY = wheel.value("width") / divisor + wheel.value("yOffset");
+    const QPointF centre = WheelCentre();
     const double side = icons.Size(wheelIcon).width() - ringPadding;
-    const QRectF box(centreX - wheel.value("width") / divisor + 5, centreY - wheel.value("width") / divisor + 5,
+    const QRectF box(centre.x() - wheel.value("width") / divisor + 5, centre.y() - wheel.value("width") / divisor + 5,
                      side, side);
     QPen pen(ringColor, ringWidth, Qt::SolidLine, Qt::FlatCap);
     painter.setPen(pen);
@@ -213,21 +206,19 @@ void BaseCarView::DrawRing(QPainter& painter)
 
 void BaseCarView::DrawKmValue(QPainter& painter)
 {
-    const double centreX = wheel.value("width") / divisor + wheel.value("xOffset");
-    const double centreY = wheel.value("width") / divisor + wheel.value("yOffset");
-    const QRectF box(centreX - circleRadius, centreY - circleRadius - 6, 2 * circleRadius, 2 * circleRadius);
+    const QPointF centre = WheelCentre();
+    const QRectF box(centre.x() - circleRadius, centre.y() - circleRadius - 6, 2 * circleRadius, 2 * circleRadius);
     painter.setPen(Qt::NoPen);
     painter.setBrush(circleColor);
     painter.drawEllipse(box);
-    rviz_plugin::DrawBoxText(painter, box, QString::fromStdString(rviz_plugin::FormatFixed(speed, 0)), valueColor,
+    rviz_plugin::DrawBoxText(painter, box, rviz_plugin::FixedText(speed, 0), valueColor,
                              valueFontSize);
 }
 
 void BaseCarView::DrawKm(QPainter& painter)
 {
-    const double centreX = wheel.value("width") / divisor + wheel.value("xOffset");
-    const double centreY = wheel.value("width") / divisor + wheel.value("yOffset");
-    const QRectF box(centreX - circleRadius, centreY - circleRadius + 16, 2 * circleRadius, 2 * circleRadius);
+    const QPointF centre = WheelCentre();
+    const QRectF box(centre.x() - circleRadius, centre.y() - circleRadius + 16, 2 * circleRadius, 2 * circleRadius);
     rviz_plugin::DrawBoxText(painter, box, "Km/h", kmColor, kmFontSize);
 }
 
@@ -273,6 +264,13 @@ void BaseCarView::DrawGuiderTxt(QPainter& painter, const Bar& bar, double y)
     }
     rviz_plugin::DrawBoxText(painter, QRectF(bar.textXOffset, y, 44, 20),
                              QString::number(BarValue(bar), 'f', 1) + "%", fontColor, fontSize);
+}
+
+QPointF BaseCarView::WheelCentre() const
+{
+    // Both coordinates from the width: the wheel is square.
+    const double half = wheel.value("width") / divisor;
+    return {half + wheel.value("xOffset"), half + wheel.value("yOffset")};
 }
 
 QPointF BaseCarView::LeftSignalPoint() const

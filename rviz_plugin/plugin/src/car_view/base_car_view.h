@@ -89,6 +89,7 @@ protected:
     double BarValue(const Bar& bar) const { return bar.side == 0 ? brakeValue : throttleValue; }
     // Top of a guider for the bar's present value.
     double GuiderY(const Bar& bar) const;
+    QPointF WheelCentre() const;
     // Top-left of the lamp icons.
     QPointF LeftSignalPoint() const;
     QPointF RightSignalPoint() const;

@@ -1,5 +1,8 @@
 #include "panel_painting.h"
 
+#include "foundation/set_qss.h"
+#include "vehicle_panels_logic/panel_values.h"
+
 #include <QFile>
 #include <QSettings>
 #include <QSvgRenderer>
@@ -33,13 +36,15 @@ QSizeF PanelSection::MinSize() const
     return {Value("minWidth"), Value("minHeight")};
 }
 
-QString ReadWheelStyleSheet()
+void ApplyWheelStyle(QWidget* widget)
 {
-    QFile file(":/config/wheel.qss");
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    return QString::fromUtf8(file.readAll());
+    SetQss().SetStyle(widget, ":/config/wheel.qss");
+    widget->ensurePolished();
+}
+
+QString FixedText(double value, int decimals)
+{
+    return QString::fromStdString(FormatFixed(value, decimals));
 }
 
 void MakeOpaquePanelWidget(QWidget* widget)

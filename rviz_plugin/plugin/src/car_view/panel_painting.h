@@ -29,8 +29,11 @@ private:
     QHash<QString, double> values;
 };
 
-// The vehicle panels' style sheet (":/config/wheel.qss"); empty when it does not open.
-QString ReadWheelStyleSheet();
+// Applies the vehicle panels' style sheet (":/config/wheel.qss"), which sets the widgets' properties.
+void ApplyWheelStyle(QWidget* widget);
+
+// A number in fixed notation with the given decimals ("%.*f").
+QString FixedText(double value, int decimals);
 
 // Makes widget paint its whole rectangle itself (on the panels' background colour), so that a repaint
 // of the widget never repaints the panel behind it.

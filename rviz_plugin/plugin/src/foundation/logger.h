@@ -5,6 +5,7 @@
 #include "log_file.h"
 #include "log_level.h"
 
+#include <exception>
 #include <map>
 #include <mutex>
 #include <string>
@@ -42,6 +43,19 @@ private:
 // Logs an exception that ended a worker's body: "An unexpected exception occurs during service
 // processing. ..." with its text, or without it (what == nullptr) for an exception of unknown type.
 void LogUnexpectedException(const std::string& module, const char* what);
+
+// Runs body; an exception that escapes it is logged as above under module instead of going further.
+template <typename Body>
+void RunLoggingExceptions(const std::string& module, Body&& body)
+{
+    try {
+        body();
+    } catch (const std::exception& exception) {
+        LogUnexpectedException(module, exception.what());
+    } catch (...) {
+        LogUnexpectedException(module, nullptr);
+    }
+}
 
 // Cuts a line longer than maxSize to its first maxSize - 1 characters followed by "...".
 std::string LimitLogLine(const std::string& line, std::size_t maxSize);

@@ -17,11 +17,6 @@ constexpr double changeLaneScale = 0.85;  // the lane change icons and the speed
 constexpr int captionFontSize = 11;
 constexpr int valueFontSize = 12;  // the bottom row: five values side by side
 
-QString Fixed(double value, int decimals)
-{
-    return QString::fromStdString(FormatFixed(value, decimals));
-}
-
 } // namespace
 
 RoadElementsWidget::RoadElementsWidget(QWidget* parent) : QWidget(parent), offsets("RoadEle")
@@ -60,22 +55,17 @@ void RoadElementsWidget::InitFrontIntersectionTypeMap()
 
 void RoadElementsWidget::ReadConf()
 {
-    setStyleSheet(ReadWheelStyleSheet());
-    ensurePolished();
+    ApplyWheelStyle(this);
     designSize = PanelSection("RoadPanelSize").MinSize();
     setMinimumSize(designSize.toSize());
 }
 
 void RoadElementsWidget::UpdateRoadInfoValue(const custom::RoadInfo& info)
 {
-    try {
+    Orsa::RunLoggingExceptions("RoadView", [&] {
         road = info;
         update();
-    } catch (const std::exception& exception) {
-        Orsa::LogUnexpectedException("RoadView", exception.what());
-    } catch (...) {
-        Orsa::LogUnexpectedException("RoadView", nullptr);
-    }
+    });
 }
 
 void RoadElementsWidget::paintEvent(QPaintEvent*)
@@ -136,7 +126,7 @@ void RoadElementsWidget::DrawSpeedLimit(QPainter& painter)
     const QPointF sign(offsets.Value("laneSpeedLimitXOffset"), offsets.Value("laneSpeedLimitYOffset"));
     icons.Render(painter, speedLimitIcon, sign, changeLaneScale);
     const QSizeF size = icons.Size(speedLimitIcon) * changeLaneScale;
-    DrawBoxText(painter, QRectF(sign, size), Fixed(road.laneSpeedLimit, 0), QColor(Qt::black), fontSize,
+    DrawBoxText(painter, QRectF(sign, size), FixedText(road.laneSpeedLimit, 0), QColor(Qt::black), fontSize,
                 Qt::AlignCenter, true);
     const auto intersection = intersections.find(road.frontIntersectionType);
     if (intersection != intersections.end()) {
@@ -156,8 +146,8 @@ void RoadElementsWidget::DrawValue(QPainter& painter, double x, const QString& v
 
 void RoadElementsWidget::DrawDown(QPainter& painter)
 {
-    DrawValue(painter, offsets.Value("roadCurXOffset"), Fixed(road.roadCurvature, 4) + "m/r", "Curvature");
-    DrawValue(painter, offsets.Value("slopeXOffset"), Fixed(road.roadGradient, 3) + "%", "Slope");
+    DrawValue(painter, offsets.Value("roadCurXOffset"), FixedText(road.roadCurvature, 4) + "m/r", "Curvature");
+    DrawValue(painter, offsets.Value("slopeXOffset"), FixedText(road.roadGradient, 3) + "%", "Slope");
     DrawValue(painter, offsets.Value("intersectionXOffset"),
               QString::fromStdString(ToStringWithUnits(road.distanceToIntersection)), "Intersection");
     DrawValue(painter, offsets.Value("endXOffset"), QString::fromStdString(ToStringWithUnits(road.distanceToEnd)),

@@ -78,8 +78,7 @@ void SceneFunctionWidget::InitClassificationMap()
 
 void SceneFunctionWidget::ReadConf()
 {
-    setStyleSheet(ReadWheelStyleSheet());
-    ensurePolished();
+    ApplyWheelStyle(this);
     designSize = PanelSection("SceneFunPanelSize").MinSize();
     setMinimumSize(designSize.toSize());
     SetLayoutOffset();
@@ -101,7 +100,7 @@ void SceneFunctionWidget::SetLayoutOffset()
 
 void SceneFunctionWidget::UpdateKeyObjectValue(const custom::KeyObject& keyObject)
 {
-    try {
+    Orsa::RunLoggingExceptions("SceneView", [&] {
         lateralDistance = keyObject.lateralDistance;
         verticalDistance = keyObject.verticalDistance;
         id = keyObject.id;
@@ -111,24 +110,16 @@ void SceneFunctionWidget::UpdateKeyObjectValue(const custom::KeyObject& keyObjec
         obstacleYaw = Quaternion2Rpy(q.x, q.y, q.z, q.w)[1];
         SetLayoutOffset();
         update();
-    } catch (const std::exception& exception) {
-        Orsa::LogUnexpectedException("SceneView", exception.what());
-    } catch (...) {
-        Orsa::LogUnexpectedException("SceneView", nullptr);
-    }
+    });
 }
 
 void SceneFunctionWidget::UpdateNavigationStatusValue(const custom::NavigationStatus& status)
 {
-    try {
+    Orsa::RunLoggingExceptions("SceneView", [&] {
         navSceneType = status.navSceneType;
         navStatus = status.navStatus;
         update();
-    } catch (const std::exception& exception) {
-        Orsa::LogUnexpectedException("SceneView", exception.what());
-    } catch (...) {
-        Orsa::LogUnexpectedException("SceneView", nullptr);
-    }
+    });
 }
 
 void SceneFunctionWidget::paintEvent(QPaintEvent*)
@@ -249,7 +240,7 @@ void SceneFunctionWidget::DrawAngleValue(QPainter& painter)
     const bool leftOfCar = layout.quadrant == 1 || layout.quadrant == 4;
     const double x = leftOfCar ? layout.car.x - width : layout.car.x + car.width() + 2;
     DrawBoxText(painter, QRectF(x, CarCentre().y() - height / divisor, width, height),
-                QString::fromStdString(FormatFixed(layout.angle, 0)) + QString::fromUtf8("°"), fontColor, fontSize,
+                FixedText(layout.angle, 0) + QString::fromUtf8("°"), fontColor, fontSize,
                 Qt::AlignLeft | Qt::AlignVCenter);
 }
 
@@ -262,13 +253,13 @@ void SceneFunctionWidget::DrawDistanceInfo(QPainter& painter)
     constexpr double height = 14;
     constexpr int labelFontSize = 11;
     DrawBoxText(painter, QRectF(layout.xLabel.x, layout.xLabel.y, width, height),
-                QString::fromStdString(FormatFixed(std::fabs(lateralDistance), 1)) + "m", fontColor, labelFontSize,
+                FixedText(std::fabs(lateralDistance), 1) + "m", fontColor, labelFontSize,
                 Qt::AlignLeft | Qt::AlignVCenter);
     painter.save();
     painter.translate(layout.yLabel.x, layout.yLabel.y);
     painter.rotate(90);
     DrawBoxText(painter, QRectF(0, 0, width, height),
-                QString::fromStdString(FormatFixed(std::fabs(verticalDistance), 1)) + "m", fontColor, labelFontSize,
+                FixedText(std::fabs(verticalDistance), 1) + "m", fontColor, labelFontSize,
                 Qt::AlignLeft | Qt::AlignVCenter);
     painter.restore();
 }
@@ -281,7 +272,7 @@ void SceneFunctionWidget::DrawRight(QPainter& painter)
     DrawBoxText(painter, QRectF(x, layoutValues.Value("objectNameTextYOffset"), width, height), QString::number(id),
                 funcTextColor, fontSize);
     DrawBoxText(painter, QRectF(x, layoutValues.Value("speedTextYOffset"), width, height),
-                QString::fromStdString(FormatFixed(speed, 0)) + "km/h", funcTextColor, fontSize);
+                FixedText(speed, 0) + "km/h", funcTextColor, fontSize);
     DrawBoxText(painter, QRectF(x, layoutValues.Value("classificationTextYOffset"), width, height),
                 Capitalized(classifications.value(classification, "Unknown")), funcTextColor, fontSize);
 }

@@ -18,11 +18,6 @@ constexpr double lightTypeGap = 41;
 constexpr double splitX = 122;
 constexpr int captionFontSize = 11;
 
-QString Fixed(double value, int decimals)
-{
-    return QString::fromStdString(FormatFixed(value, decimals));
-}
-
 } // namespace
 
 TrafficElementsWidget::TrafficElementsWidget(QWidget* parent) : QWidget(parent), offsets("TrafficEle")
@@ -82,8 +77,7 @@ void TrafficElementsWidget::InitTrafficSignMap()
 
 void TrafficElementsWidget::ReadConf()
 {
-    setStyleSheet(ReadWheelStyleSheet());
-    ensurePolished();
+    ApplyWheelStyle(this);
     SetLayoutOffset();
 }
 
@@ -95,26 +89,18 @@ void TrafficElementsWidget::SetLayoutOffset()
 
 void TrafficElementsWidget::UpdateLocationStatusValue(const custom::LocationStatus& status)
 {
-    try {
+    Orsa::RunLoggingExceptions("TrafficView", [&] {
         location = status;
         update();
-    } catch (const std::exception& exception) {
-        Orsa::LogUnexpectedException("TrafficView", exception.what());
-    } catch (...) {
-        Orsa::LogUnexpectedException("TrafficView", nullptr);
-    }
+    });
 }
 
 void TrafficElementsWidget::UpdateTrafficInfoValue(const custom::TrafficInfo& info)
 {
-    try {
+    Orsa::RunLoggingExceptions("TrafficView", [&] {
         traffic = info;
         update();
-    } catch (const std::exception& exception) {
-        Orsa::LogUnexpectedException("TrafficView", exception.what());
-    } catch (...) {
-        Orsa::LogUnexpectedException("TrafficView", nullptr);
-    }
+    });
 }
 
 void TrafficElementsWidget::paintEvent(QPaintEvent*)
@@ -184,7 +170,7 @@ void TrafficElementsWidget::DrawRight(QPainter& painter)
     DrawValueWithCaption(painter,
                          QRectF(distanceX, offsets.Value("distanceToStopLineYOffset"),
                                 offsets.Value("distanceToStopLineTextWidth"), offsets.Value("distanceToStopLineHeight")),
-                         Fixed(traffic.trafficLightDistance, 1) + "m", offsets.Value("distanceToStopLineTextHeight"),
+                         FixedText(traffic.trafficLightDistance, 1) + "m", offsets.Value("distanceToStopLineTextHeight"),
                          "Distance");
 
     const double signX = offsets.Value("speedLimitSignXOffset");
@@ -192,7 +178,7 @@ void TrafficElementsWidget::DrawRight(QPainter& painter)
     icons.Render(painter, speedLimitIcon, QPointF(signX, offsets.Value("speedLimitSignYOffset")));
     DrawBoxText(painter,
                 QRectF(signX, offsets.Value("speedLimitValueYOffset"), signWidth, offsets.Value("speedLimitValueHeight")),
-                Fixed(traffic.speed_limit, 0), QColor(Qt::black), fontSize, Qt::AlignCenter, true);
+                FixedText(traffic.speed_limit, 0), QColor(Qt::black), fontSize, Qt::AlignCenter, true);
     DrawBoxText(painter,
                 QRectF(signX + signWidth, offsets.Value("speedLimitSignTextYOffset"),
                        offsets.Value("speedLimitSignTextWidth"), offsets.Value("speedLimitSignTextHeight")),
