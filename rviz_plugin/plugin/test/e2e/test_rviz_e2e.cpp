@@ -73,12 +73,13 @@ protected:
         fs::create_directories(artifactDirectory);
     }
 
-    std::unique_ptr<test_support::RvizSession> StartRviz(const std::string& sourceConfig)
+    std::unique_ptr<test_support::RvizSession> StartRviz(const std::string& sourceConfig,
+                                                         const std::string& readyLine = "KoraVisionDisplay initialized.")
     {
         const std::string config = work / fs::path(sourceConfig).filename().string();
         fs::copy_file(sourceConfig, config, fs::copy_options::overwrite_existing);
         auto rviz = std::make_unique<test_support::RvizSession>(*master, *xserver, config, work.Path().string());
-        EXPECT_TRUE(rviz->WaitForLog("KoraVisionDisplay initialized.", 90s)) << rviz->Log();
+        EXPECT_TRUE(rviz->WaitForLog(readyLine, 90s)) << rviz->Log();
         return rviz;
     }
 
@@ -216,6 +217,178 @@ TEST_F(RvizEndToEnd, KeysNumberedTwoTenOneLoadInTheOrderOneTwoTen)
     EXPECT_EQ(SavedTopic(saved, "(1)/camera/a"), "/camera/a") << saved;
     EXPECT_EQ(SavedTopic(saved, "(2)/camera/b"), "/camera/b") << saved;
     EXPECT_EQ(SavedTopic(saved, "(10)/camera/c"), "/camera/c") << saved;
+    EXPECT_EQ(rviz->Stop(), 0);
+}
+
+// Pixels of a rectangle that satisfy predicate, with their centre.
+struct Found {
+    int count = 0;
+    QPoint centre;
+};
+template <typename Predicate>
+Found FindIn(const QImage& image, const QRect& area, Predicate predicate)
+{
+    Found found;
+    long long sumX = 0;
+    long long sumY = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            if (predicate(image.pixelColor(x, y))) {
+                ++found.count;
+                sumX += x;
+                sumY += y;
+            }
+        }
+    }
+    if (found.count > 0) {
+        found.centre = QPoint(static_cast<int>(sumX / found.count), static_cast<int>(sumY / found.count));
+    }
+    return found;
+}
+
+// The 3D view: the columns and rows mostly of its background colour.
+QRect RenderArea(const QImage& image)
+{
+    std::vector<int> columns(static_cast<std::size_t>(image.width()));
+    std::vector<int> rows(static_cast<std::size_t>(image.height()));
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y) == QColor(48, 48, 48)) {
+                ++columns[static_cast<std::size_t>(x)];
+                ++rows[static_cast<std::size_t>(y)];
+            }
+        }
+    }
+    const auto span = [](const std::vector<int>& counts, int least) {
+        int first = -1;
+        int last = -1;
+        for (int index = 0; index < static_cast<int>(counts.size()); ++index) {
+            if (counts[static_cast<std::size_t>(index)] > least) {
+                first = first < 0 ? index : first;
+                last = index;
+            }
+        }
+        return std::make_pair(first, last);
+    };
+    const auto [left, right] = span(columns, image.height() / 3);
+    const auto [top, bottom] = span(rows, image.width() / 3);
+    return left < 0 || top < 0 ? QRect() : QRect(QPoint(left, top), QPoint(right, bottom));
+}
+
+bool IsWayFlag(const QColor& c)
+{
+    return c.blue() > 120 && c.red() < 80 && c.green() > 50 && c.green() < c.blue() - 30;
+}
+
+bool IsEndFlag(const QColor& c)
+{
+    return c.red() > 130 && c.green() < 80 && c.blue() < 80;
+}
+
+// "received <topic>: x y z" lines of the simulated car, in order.
+std::vector<std::string> Received(const std::string& log, const std::string& topic)
+{
+    std::vector<std::string> points;
+    const std::regex line("received " + topic + R"(: (\S+) (\S+) (\S+))");
+    for (auto it = std::sregex_iterator(log.begin(), log.end(), line); it != std::sregex_iterator(); ++it) {
+        points.push_back((*it)[1].str() + "," + (*it)[2].str() + "," + (*it)[3].str());
+    }
+    return points;
+}
+
+// A top-down view centred on (10, 8) at 25 pixels a metre; the map offset is (100, 200). The saved
+// route's flags stand at their points less the offset; a click with the way point tool at the view's
+// centre puts a flag there and sends (110, 208); the route's "Send" sends its points in order; the
+// clear tool removes the tool's flags.
+TEST_F(RvizEndToEnd, RoutesAndPointsReachTheCarInMapCoordinates)
+{
+    test_support::Environment environment = master->RosEnvironment();
+    test_support::Process car({simulatedCar, "--cameras", "1", "--width", "320", "--height", "180", "--fps", "5",
+                               "--offset", "100,200"},
+                              work / "simulated_car.log", environment);
+    ASSERT_TRUE(test_support::WaitFor([&car]() { return car.Log().find("simulated car:") != std::string::npos; }, 30s));
+    auto rviz = StartRviz(sourceDirectory + "/test/e2e/configs/route_planner.rviz", "Forcing OpenGl version");
+    ExpectNoPluginError(rviz->Log());
+
+    QImage image;
+    QRect area;
+    const std::string first = artifactDirectory + "/route_planner_loaded.png";
+    const bool flagsShown = test_support::WaitFor(
+        [&]() {
+            if (!xserver->Screenshot(first)) {
+                return false;
+            }
+            image = QImage(QString::fromStdString(first));
+            area = RenderArea(image);
+            return !area.isEmpty() && FindIn(image, area, IsWayFlag).count > 3 * 200 &&
+                   FindIn(image, area, IsEndFlag).count > 200;
+        },
+        60s);
+    ASSERT_TRUE(flagsShown) << "the saved route's flags are missing\n" << rviz->Log();
+    // The end flag stands at (18, 18) locally: 8 m right (or left) and 10 m up (or down) of the centre.
+    const Found end = FindIn(image, area, IsEndFlag);
+    EXPECT_NEAR(std::abs(end.centre.x() - area.center().x()), 8 * 25, 30);
+    EXPECT_NEAR(std::abs(end.centre.y() - area.center().y()), 10 * 25, 40);
+
+    // The way point tool: focus the view, press its key, click the centre.
+    const QPoint centre = area.center();
+    const QRect aroundCentre(centre - QPoint(20, 20), QSize(41, 41));
+    const int flagBefore = FindIn(image, aroundCentre, IsWayFlag).count;
+    const auto xdotool = [&](std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), "xdotool");
+        test_support::Environment display{{"DISPLAY", xserver->Display()}};
+        return test_support::RunCommand(arguments, display);
+    };
+    ASSERT_EQ(xdotool({"mousemove", std::to_string(area.right() - 10), std::to_string(area.bottom() - 10), "click", "1"}), 0);
+    std::this_thread::sleep_for(300ms);  // the view takes the keyboard focus
+    ASSERT_EQ(xdotool({"key", "w"}), 0);
+    ASSERT_EQ(xdotool({"mousemove", std::to_string(centre.x()), std::to_string(centre.y())}), 0);
+    std::this_thread::sleep_for(300ms);
+    ASSERT_EQ(xdotool({"click", "1"}), 0);
+    ASSERT_TRUE(test_support::WaitFor([&car]() { return !Received(car.Log(), "/TopicByWayPoint").empty(); }, 10s))
+        << car.Log();
+    float x = 0;
+    float y = 0;
+    float z = 0;
+    ASSERT_EQ(std::sscanf(Received(car.Log(), "/TopicByWayPoint").front().c_str(), "%f,%f,%f", &x, &y, &z), 3);
+    EXPECT_NEAR(x, 110.0F, 0.3F);
+    EXPECT_NEAR(y, 208.0F, 0.3F);
+    EXPECT_EQ(z, 0.0F);
+    const std::string clicked = artifactDirectory + "/route_planner_clicked.png";
+    ASSERT_TRUE(xserver->Screenshot(clicked));
+    image = QImage(QString::fromStdString(clicked));
+    const int flagAfter = FindIn(image, aroundCentre, IsWayFlag).count;
+    EXPECT_GT(flagAfter, flagBefore + 100) << "no flag where the click was";
+
+    // The route panel's "Send" (the green button): three way points, then the end point, in order.
+    const Found send = FindIn(image, QRect(0, 0, area.left(), image.height()),
+                              [](const QColor& c) { return c == QColor(0x1e, 0x9e, 0x5a); });
+    ASSERT_GT(send.count, 100) << "no Send button";
+    ASSERT_EQ(xdotool({"mousemove", std::to_string(send.centre.x()), std::to_string(send.centre.y()), "click", "1"}), 0);
+    ASSERT_TRUE(test_support::WaitFor([&car]() { return !Received(car.Log(), "/TopicEndPoint").empty(); }, 10s))
+        << car.Log();
+    const std::vector<std::string> route = Received(car.Log(), "/TopicByWayPoint");
+    ASSERT_EQ(route.size(), 4U) << car.Log();
+    EXPECT_EQ(route[1], "104.000000,200.000000,0.000000");
+    EXPECT_EQ(route[2], "110.000000,205.000000,0.000000");
+    EXPECT_EQ(route[3], "114.000000,212.000000,0.000000");
+    EXPECT_EQ(Received(car.Log(), "/TopicEndPoint"), std::vector<std::string>{"118.000000,218.000000,0.000000"});
+    const std::string log = car.Log();
+    EXPECT_LT(log.find("received /TopicByWayPoint: 114"), log.find("received /TopicEndPoint"));
+
+    // The clear tool: one empty point on "ClearPoints", and the tool's flag is gone.
+    ASSERT_EQ(xdotool({"mousemove", std::to_string(area.right() - 10), std::to_string(area.bottom() - 10), "click", "1"}), 0);
+    std::this_thread::sleep_for(300ms);  // the view takes the keyboard focus
+    ASSERT_EQ(xdotool({"key", "x"}), 0);
+    ASSERT_TRUE(test_support::WaitFor([&car]() { return !Received(car.Log(), "/ClearPoints").empty(); }, 10s))
+        << car.Log();
+    EXPECT_EQ(Received(car.Log(), "/ClearPoints").front(), "0.000000,0.000000,0.000000");
+    std::this_thread::sleep_for(500ms);
+    const std::string cleared = artifactDirectory + "/route_planner_cleared.png";
+    ASSERT_TRUE(xserver->Screenshot(cleared));
+    image = QImage(QString::fromStdString(cleared));
+    EXPECT_LT(FindIn(image, aroundCentre, IsWayFlag).count, flagAfter - 100) << "the tool's flag is still there";
+    EXPECT_GT(FindIn(image, area, IsEndFlag).count, 200) << "the route's flags went too";
     EXPECT_EQ(rviz->Stop(), 0);
 }
 

@@ -6,10 +6,14 @@
 //
 //   simulated_car [--cameras N] [--width W] [--height H] [--fps F] [--duration S]
 //                 [--perception-offset-ms MS] [--drop-perception-every K] [--bad-vehicle-every K]
+//                 [--offset X,Y]
 //
 // The perception options exercise the matching: perception stamps shifted by MS, and no perception
-// with every K-th picture. The last sends every K-th vehicle status with one field out of range.
+// with every K-th picture. --bad-vehicle-every sends every K-th vehicle status with one field out of
+// range. The map offset (default 100,200) is set as the car's platform sets it; the route and point
+// topics it receives are printed.
 #include "h265_encoder.h"
+#include "route_listener.h"
 #include "synthetic_scene.h"
 #include "vehicle_state.h"
 
@@ -23,6 +27,7 @@
 #include <visualization_msgs/MarkerArray.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
@@ -41,6 +46,8 @@ struct Options {
     int perceptionOffsetMs = 0;
     int dropPerceptionEvery = 0;  // 0 drops none
     int badVehicleEvery = 0;      // 0 sends none
+    double offsetX = 100.0;
+    double offsetY = 200.0;
 };
 
 constexpr double vehicleRate = 10;  // vehicle state messages a second
@@ -81,6 +88,11 @@ bool ParseOptions(int argc, char** argv, Options& options)
             options.dropPerceptionEvery = std::atoi(value);
         } else if (name == "--bad-vehicle-every") {
             options.badVehicleEvery = std::atoi(value);
+        } else if (name == "--offset") {
+            if (std::sscanf(value, "%lf,%lf", &options.offsetX, &options.offsetY) != 2) {
+                std::cerr << "--offset takes X,Y\n";
+                return false;
+            }
         } else {
             std::cerr << "unknown option " << name << "\n";
             return false;
@@ -311,6 +323,7 @@ int main(int argc, char** argv)
               << " at " << options.fps << " fps" << std::endl;
 
     VehiclePublishers vehicle(node);
+    const simulated_car::RouteListener routes(node, options.offsetX, options.offsetY);
     const int vehicleEveryTicks = std::max(1, static_cast<int>(options.fps / vehicleRate));
     const ros::WallTime start = ros::WallTime::now();
     ros::WallRate rate(options.fps);
