@@ -1,5 +1,7 @@
 #include "rviz_helpers.h"
 
+#include <QTimer>
+
 #ifndef Q_MOC_RUN
 #include <rviz/config.h>
 #include <rviz/load_resource.h>
@@ -22,6 +24,15 @@ rviz::Tool* GetInteractToolButton(rviz::ToolManager* manager)
         }
     }
     return nullptr;
+}
+
+void ReturnToDefaultToolLater(rviz::Tool* tool, rviz::ToolManager* manager)
+{
+    QTimer::singleShot(0, tool, [tool, manager]() {
+        if (manager->getCurrentTool() == tool) {
+            manager->setCurrentTool(manager->getDefaultTool());
+        }
+    });
 }
 
 void OverwritePropertySave(const rviz::Property* property, rviz::Config& config, const QVariant& value)

@@ -16,6 +16,10 @@ namespace rviz_plugin {
 // The first tool named "Interact", or null.
 rviz::Tool* GetInteractToolButton(rviz::ToolManager* manager);
 
+// For a tool whose activation is the whole operation: once the tool manager has finished switching to
+// tool, switch back to the default tool (unless the user already chose another).
+void ReturnToDefaultToolLater(rviz::Tool* tool, rviz::ToolManager* manager);
+
 // Saves property as rviz does, with value in place of the stored value: "Value" when it is valid,
 // then one map per child under the child's name.
 void OverwritePropertySave(const rviz::Property* property, rviz::Config& config, const QVariant& value);

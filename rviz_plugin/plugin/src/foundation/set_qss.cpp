@@ -5,20 +5,53 @@
 #include <QFile>
 #include <QWidget>
 
-bool ApplyStyleSheet(QWidget* widget, const QString& file)
+namespace {
+bool ReadStyleSheet(const QString& file, QString& sheet)
 {
     QFile styleFile(file);
-    if (widget == nullptr || !styleFile.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    if (!styleFile.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return false;
     }
-    widget->setStyleSheet(QString::fromUtf8(styleFile.readAll()));
+    sheet = QString::fromUtf8(styleFile.readAll());
+    return true;
+}
+
+void LogLoadFailure(const QString& file)
+{
+    Orsa::Logger::GetInstance().WriteLog("OffsetSettings", Orsa::LogLevel::Error,
+                                         "Qss load failed. The file name is " + file.toStdString());
+}
+} // namespace
+
+bool ApplyStyleSheet(QWidget* widget, const QString& file)
+{
+    QString sheet;
+    if (widget == nullptr || !ReadStyleSheet(file, sheet)) {
+        return false;
+    }
+    widget->setStyleSheet(sheet);
     return true;
 }
 
 void SetQss::SetStyle(QWidget* widget, const QString& file) const
 {
     if (!ApplyStyleSheet(widget, file)) {
-        Orsa::Logger::GetInstance().WriteLog("OffsetSettings", Orsa::LogLevel::Error,
-                                             "Qss load failed. The file name is " + file.toStdString());
+        LogLoadFailure(file);
+    }
+}
+
+void SetQss::SetStyles(QWidget* widget, const QStringList& files) const
+{
+    QString sheets;
+    for (const QString& file : files) {
+        QString sheet;
+        if (ReadStyleSheet(file, sheet)) {
+            sheets += sheet + "\n";
+        } else {
+            LogLoadFailure(file);
+        }
+    }
+    if (widget != nullptr) {
+        widget->setStyleSheet(sheets);
     }
 }

@@ -2,6 +2,7 @@
 #define ORSA_SET_QSS_H
 
 #include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -13,6 +14,9 @@ bool ApplyStyleSheet(QWidget* widget, const QString& file);
 class SetQss {
 public:
     void SetStyle(QWidget* widget, const QString& file) const;
+    // Several sheets in one: setting a widget's sheet again after its children are styled can leave
+    // them with the old look, so the sheets are joined and set once.
+    void SetStyles(QWidget* widget, const QStringList& files) const;
 };
 
 #endif

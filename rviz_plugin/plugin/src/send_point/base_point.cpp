@@ -6,10 +6,8 @@
 #include <OgreCamera.h>
 #include <OgreSceneNode.h>
 #include <OgreViewport.h>
-#include <QTimer>
 #include <rviz/display_context.h>
 #include <rviz/properties/vector_property.h>
-#include <rviz/tool_manager.h>
 #include <rviz/view_controller.h>
 #include <rviz/view_manager.h>
 #include <rviz/viewport_mouse_event.h>
@@ -56,17 +54,6 @@ void BasePoint::activate()
     }
     pointProperty = new rviz::VectorProperty("Point", Ogre::Vector3::ZERO, "", getPropertyContainer());
     pointProperty->setReadOnly(true);
-}
-
-void BasePoint::FinishAtOnce()
-{
-    // The tool manager is still switching to this tool: hand back to the default one afterwards.
-    QTimer::singleShot(0, this, [this]() {
-        rviz::ToolManager* tools = context_->getToolManager();
-        if (tools->getCurrentTool() == this) {
-            tools->setCurrentTool(tools->getDefaultTool());
-        }
-    });
 }
 
 void BasePoint::deactivate()

@@ -46,8 +46,6 @@ public:
 protected:
     // The point with the map offset added, published on the tool's topic.
     void PublishPoint(const Ogre::Vector3& position);
-    // For tools whose activation is the whole operation: back to the default tool.
-    void FinishAtOnce();
     // Logged when activate finds no property container.
     virtual std::string ContainerErrorText() const
     {

@@ -1,5 +1,9 @@
 #include "clear_point.h"
 
+#include "foundation/rviz_helpers.h"
+
+#include <rviz/display_context.h>
+
 namespace rviz_plugin {
 
 ClearPoint::ClearPoint() : BasePoint(Setup{"", "ClearPoints", 'x'}) {}
@@ -7,7 +11,7 @@ ClearPoint::ClearPoint() : BasePoint(Setup{"", "ClearPoints", 'x'}) {}
 void ClearPoint::activate()
 {
     publisher.publish(geometry_msgs::PointStamped());
-    FinishAtOnce();
+    ReturnToDefaultToolLater(this, context_->getToolManager());
 }
 
 } // namespace rviz_plugin

@@ -9,6 +9,8 @@
 #include <rviz/view_controller.h>
 #include <rviz/view_manager.h>
 
+#include "foundation/rviz_helpers.h"
+
 namespace rviz_plugin {
 
 RefreshPoint::RefreshPoint() : BasePoint(Setup{"", "TopicRefreshMap", 'r'}) {}
@@ -18,7 +20,7 @@ void RefreshPoint::activate()
     geometry_msgs::PointStamped point = FocalPoint();
     Orsa::ApplyMapOffset(point);
     publisher.publish(point);
-    FinishAtOnce();
+    ReturnToDefaultToolLater(this, context_->getToolManager());
 }
 
 geometry_msgs::PointStamped RefreshPoint::FocalPoint() const

@@ -392,4 +392,53 @@ TEST_F(RvizEndToEnd, RoutesAndPointsReachTheCarInMapCoordinates)
     EXPECT_EQ(rviz->Stop(), 0);
 }
 
+// The offset settings tool: the header box ticks every topic that can be shifted, OK writes the settings
+// file and tells the car; opened again the dialog shows the same ticks, so OK writes the same file.
+TEST_F(RvizEndToEnd, OffsetDialogWritesTheFileAndAReopenShowsTheSameTicks)
+{
+    test_support::Environment environment = master->RosEnvironment();
+    test_support::Process car({simulatedCar, "--cameras", "2", "--width", "320", "--height", "180", "--fps", "5"},
+                              work / "simulated_car.log", environment);
+    ASSERT_TRUE(test_support::WaitFor([&car]() { return car.Log().find("simulated car:") != std::string::npos; }, 30s));
+    auto rviz = StartRviz(sourceDirectory + "/test/e2e/configs/route_planner.rviz", "Forcing OpenGl version");
+    ExpectNoPluginError(rviz->Log());
+    std::this_thread::sleep_for(8s);
+    const test_support::Environment display{{"DISPLAY", xserver->Display()}};
+    const std::string file = root + "/config/map_offset_filter_setting.json";
+    // Opens the dialog with its key from the 3D view and gives it the keyboard.
+    const auto open = [&]() {
+        EXPECT_EQ(test_support::RunCommand({"xdotool", "mousemove", "1500", "900", "click", "1"}, display), 0);
+        std::this_thread::sleep_for(300ms);
+        EXPECT_EQ(test_support::RunCommand({"xdotool", "key", "o"}, display), 0);
+        EXPECT_EQ(test_support::RunCommand({"xdotool", "search", "--sync", "--onlyvisible", "--name", "Offset Settings",
+                                            "windowfocus"},
+                                           display),
+                  0);
+        std::this_thread::sleep_for(500ms);
+    };
+    open();
+    // From the offset boxes to the header box "Topic": Y, type, search text, search, refresh, header.
+    ASSERT_EQ(test_support::RunCommand({"xdotool", "key", "Tab", "Tab", "Tab", "Tab", "Tab", "Tab", "space"}, display),
+              0);
+    std::this_thread::sleep_for(300ms);
+    ASSERT_EQ(test_support::RunCommand({"xdotool", "key", "Return"}, display), 0);
+    ASSERT_TRUE(test_support::WaitFor([&]() { return !Received(car.Log(), "/TopicRefreshMap").empty(); }, 10s))
+        << car.Log();
+    const std::string written = test_support::ReadFile(file);
+    EXPECT_NE(written.find("\"camera_front/objects\""), std::string::npos) << written;
+    EXPECT_NE(written.find("\"camera_left/markers\""), std::string::npos) << written;
+    EXPECT_EQ(written.find("\"camera_front\""), std::string::npos) << "video cannot be shifted\n" << written;
+    EXPECT_NE(written.find("\"tf_child_frame_id\""), std::string::npos) << written;
+
+    const auto firstWrite = fs::last_write_time(file);
+    open();
+    ASSERT_TRUE(xserver->Screenshot(artifactDirectory + "/offset_settings_reopened.png"));
+    ASSERT_EQ(test_support::RunCommand({"xdotool", "key", "Return"}, display), 0);
+    ASSERT_TRUE(test_support::WaitFor([&]() { return Received(car.Log(), "/TopicRefreshMap").size() == 2; }, 10s))
+        << car.Log();
+    EXPECT_GT(fs::last_write_time(file), firstWrite);
+    EXPECT_EQ(test_support::ReadFile(file), written);
+    EXPECT_EQ(rviz->Stop(), 0);
+}
+
 } // namespace

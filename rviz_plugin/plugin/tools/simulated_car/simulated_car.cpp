@@ -2,7 +2,7 @@
 // and tested without one. Camera video: custom/Video, H.265 access units, one per message. For each
 // camera also what perception finds in its picture, stamped with the picture's stamp, under
 // /<camera>/objects, traffic_lights, road_lines, freespace, segmentation and markers. The vehicle's
-// state, ten times a second, on the topics the vehicle panels read.
+// state and its transform tree (map, base_link, a frame per camera), ten times a second.
 //
 //   simulated_car [--cameras N] [--width W] [--height H] [--fps F] [--duration S]
 //                 [--perception-offset-ms MS] [--drop-perception-every K] [--bad-vehicle-every K]
@@ -24,6 +24,7 @@
 #include <orsa_msgs/ImageFreespace.h>
 #include <orsa_msgs/SemanticSegmentation.h>
 #include <ros/ros.h>
+#include <tf2_msgs/TFMessage.h>
 #include <visualization_msgs/MarkerArray.h>
 
 #include <algorithm>
@@ -255,6 +256,29 @@ void PublishPerception(Camera& camera, const std_msgs::Header& header, double t,
 }
 
 // The vehicle panels' topics.
+// The car's transform tree: map -> base_link (the car stands at the origin) -> one frame per camera.
+tf2_msgs::TFMessage Transforms(const ros::Time& stamp, int cameras)
+{
+    tf2_msgs::TFMessage message;
+    geometry_msgs::TransformStamped link;
+    link.header.stamp = stamp;
+    link.header.frame_id = "map";
+    link.child_frame_id = "base_link";
+    link.transform.rotation.w = 1.0;
+    message.transforms.push_back(link);
+    for (int index = 0; index < cameras; ++index) {
+        geometry_msgs::TransformStamped camera;
+        camera.header.stamp = stamp;
+        camera.header.frame_id = "base_link";
+        camera.child_frame_id = cameraNames[index];
+        camera.transform.translation.x = index == 3 ? -1.0 : 1.5;
+        camera.transform.translation.z = 1.4;
+        camera.transform.rotation.w = 1.0;
+        message.transforms.push_back(camera);
+    }
+    return message;
+}
+
 class VehiclePublishers {
 public:
     explicit VehiclePublishers(ros::NodeHandle& node)
@@ -324,6 +348,7 @@ int main(int argc, char** argv)
 
     VehiclePublishers vehicle(node);
     const simulated_car::RouteListener routes(node, options.offsetX, options.offsetY);
+    ros::Publisher transforms = node.advertise<tf2_msgs::TFMessage>("/tf", 10);
     const int vehicleEveryTicks = std::max(1, static_cast<int>(options.fps / vehicleRate));
     const ros::WallTime start = ros::WallTime::now();
     ros::WallRate rate(options.fps);
@@ -353,6 +378,7 @@ int main(int argc, char** argv)
         }
         if (tick % vehicleEveryTicks == 0) {
             vehicle.Publish(t, options.badVehicleEvery);
+            transforms.publish(Transforms(stamp, options.cameras));
         }
         ros::spinOnce();
         rate.sleep();
