@@ -1,6 +1,7 @@
 #include "total_widget.h"
 
 #include "decoder_switch/evaluate_entrance_widget.h"
+#include "topic_rename/topic_rename_dialog.h"
 
 #include "widgets/buttons.h"
 #include "widgets/labels.h"
@@ -29,6 +30,10 @@ void TotalWidget::Init()
     videosWidget->Init();
     addBt = new PrimaryButton("Add", this);
     addBt->setObjectName("addBt");
+    setNameBt = new SecondaryButton("Set Name", this);
+    setNameBt->setObjectName("setNameBt");
+    topicRenameDialog = new TopicRenameDialog(this);
+    topicRenameDialog->Initialize();
     countLab = new Label("Total: 0", this);
     countLab->setObjectName("countLab");
     leftBt = new IconButton(leftDisabledIcon, "Previous", this);
@@ -41,6 +46,7 @@ void TotalWidget::Init()
     auto* topBar = new QHBoxLayout();
     topBar->setContentsMargins(0, 0, 0, 0);
     topBar->addWidget(addBt);
+    topBar->addWidget(setNameBt);
     topBar->addWidget(countLab);
     topBar->addStretch(1);
     evaluateEntrance = new EvaluateEntranceWidget(this);
@@ -56,6 +62,8 @@ void TotalWidget::Init()
     layout->addWidget(videosWidget, 1);
 
     connect(addBt, &QPushButton::clicked, this, &TotalWidget::AddVideoWidget);
+    connect(setNameBt, &QPushButton::clicked, this, &TotalWidget::TopicRenameDialogShowUp);
+    connect(topicRenameDialog, &TopicRenameDialog::NamesSaved, videosWidget, &VideosWidget::UpdateDisplayTopic);
     connect(leftBt, &QPushButton::clicked, this, &TotalWidget::WidgetPreviousPage);
     connect(rightBt, &QPushButton::clicked, this, &TotalWidget::WidgetNextPage);
     connect(videosWidget, &VideosWidget::DeleteVideoControlWidget, this, &TotalWidget::UpdateButtonAndLabel);
@@ -177,6 +185,13 @@ bool TotalWidget::IsPreviousEnabled() const
 bool TotalWidget::IsNextEnabled() const
 {
     return rightBt->isEnabled();
+}
+
+void TotalWidget::TopicRenameDialogShowUp()
+{
+    topicRenameDialog->InitDisplayData();
+    topicRenameDialog->setGeometry(QRect(QPoint(685, 275), QPoint(1308, 804)));
+    topicRenameDialog->open();  // modal over the wall, without a nested event loop
 }
 
 } // namespace rviz_plugin

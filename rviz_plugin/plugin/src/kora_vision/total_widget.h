@@ -8,12 +8,14 @@
 class QLabel;
 class IconButton;
 class PrimaryButton;
+class SecondaryButton;
 
 namespace rviz_plugin {
 
 class EvaluateEntranceWidget;
+class TopicRenameDialog;
 
-// The wall with its top bar: "Add", the item count, and the page buttons.
+// The wall with its top bar: "Add", "Set Name", the item count, and the page buttons.
 class TotalWidget : public QWidget {
     Q_OBJECT
 public:
@@ -31,6 +33,9 @@ public:
     void UpdateSwitchLabel();
     void WidgetNextPage();
     void WidgetPreviousPage();
+    // "Set Name": the rename dialog, filled from the file and the master, over the wall.
+    void TopicRenameDialogShowUp();
+    TopicRenameDialog* GetTopicRenameDialog() const { return topicRenameDialog; }
 
     bool IsAddEnabled() const;
     QString GetCountText() const;
@@ -44,6 +49,8 @@ private:
 
     VideosWidget* videosWidget = nullptr;
     PrimaryButton* addBt = nullptr;
+    SecondaryButton* setNameBt = nullptr;
+    TopicRenameDialog* topicRenameDialog = nullptr;
     IconButton* leftBt = nullptr;
     IconButton* rightBt = nullptr;
     QLabel* countLab = nullptr;

@@ -5,6 +5,7 @@
 
 #include "kora_vision_logic/vision_name.h"
 #include "widgets/buttons.h"
+#include "topic_rename/rename_data.h"
 #include "widgets/labels.h"
 
 #include <QEvent>
@@ -23,6 +24,7 @@ namespace {
 const QSize popupMinimumSize(440, 248);
 const QSize videoMinimumSize(192, 108);
 constexpr int comboboxWidth = 220;
+constexpr int aliasWidth = 190;
 const char* const cameraIcon = ":/videoqrc/assets/image/ic_camera.png";
 } // namespace
 
@@ -46,6 +48,8 @@ void VideoControlWidget::Init(CreatePopupPanelCallback callback)
     topicCombobox = new TopicCombobox(this);
     topicCombobox->setObjectName("VideoControlWidget_topicCombobox");
     topicCombobox->setFixedWidth(comboboxWidth);
+    aliasLabel = new Label(QString(), this);
+    aliasLabel->setObjectName("VideoControlWidget_aliasLabel");
     popBt = new IconButton(":/videoqrc/assets/image/ic_pop.png", "Zoom In", this);
     popBt->setObjectName("VideoControlWidget_popBt");
     deleteBt = new IconButton(":/videoqrc/assets/image/ic_delete.png", "Delete", this);
@@ -64,6 +68,7 @@ void VideoControlWidget::Init(CreatePopupPanelCallback callback)
     topBar->setContentsMargins(0, 0, 0, 0);
     topBar->addWidget(topicLabel);
     topBar->addWidget(topicCombobox);
+    topBar->addWidget(aliasLabel);
     topBar->addStretch(1);
     topBar->addWidget(popBt);
     topBar->addWidget(deleteBt);
@@ -83,7 +88,7 @@ void VideoControlWidget::Init(CreatePopupPanelCallback callback)
     // per key press: each change of topic builds a decoding pipeline.
     const auto applyTopic = [this]() {
         const QString text = topicCombobox->currentText();
-        SetPopupPanelWindowTitle(text);
+        UpdateCameraAlias();
         Q_EMIT TopicComboboxTextChanged(text);
     };
     connect(topicCombobox, QOverload<int>::of(&QComboBox::activated), this, applyTopic);
@@ -101,6 +106,27 @@ void VideoControlWidget::SetComboboxCurrentText(const QString& text)
     if (topicCombobox->lineEdit() != nullptr) {
         topicCombobox->lineEdit()->setCursorPosition(0);
     }
+    UpdateCameraAlias();
+}
+
+void VideoControlWidget::UpdateCameraAlias()
+{
+    RenameData names;
+    names.ReadAliasFromFile();
+    SetCameraAlias(QString::fromStdString(names.GetAlias(topicCombobox->currentText().toStdString())));
+}
+
+void VideoControlWidget::SetCameraAlias(const QString& alias)
+{
+    cameraAlias = alias;
+    aliasLabel->setText(RenameData::GetDisplayCameraName(alias, aliasLabel->font(), aliasWidth));
+    aliasLabel->setToolTip(alias);
+    SetPopupPanelWindowTitle(TitleText());
+}
+
+QString VideoControlWidget::TitleText() const
+{
+    return cameraAlias.isEmpty() ? topicCombobox->currentText() : cameraAlias;
 }
 
 void VideoControlWidget::PopupPanel()
@@ -126,7 +152,7 @@ void VideoControlWidget::PopupPanel()
         return;
     }
     popupPanel->setIcon(QIcon(cameraIcon));
-    SetPopupPanelWindowTitle(topicCombobox->currentText());
+    SetPopupPanelWindowTitle(TitleText());
     connect(popupPanel, &rviz::PanelDockWidget::closed, this, &VideoControlWidget::EmbedPanel);
     contentsLayout->addWidget(renderPanel);
     if (popupGeometry.isValid()) {

@@ -33,6 +33,9 @@ public:
     TopicCombobox* GetTopicCombobox() const { return topicCombobox; }
     NonInteractiveRenderPanel* GetRenderPanelWidget() const { return renderPanel; }
     void SetComboboxCurrentText(const QString& text);
+    // The camera's custom name beside the topic (elided), and the popped-out window's title.
+    void SetCameraAlias(const QString& alias);
+    QString GetCameraAlias() const { return cameraAlias; }
 
     void PopupPanel();
     void EmbedPanel();
@@ -55,7 +58,13 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    // Reads the topic's custom name from the alias file.
+    void UpdateCameraAlias();
+    QString TitleText() const;
+
     QLabel* topicLabel = nullptr;
+    QLabel* aliasLabel = nullptr;
+    QString cameraAlias;
     TopicCombobox* topicCombobox = nullptr;
     IconButton* popBt = nullptr;
     IconButton* deleteBt = nullptr;

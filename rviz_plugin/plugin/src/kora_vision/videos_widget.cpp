@@ -1,5 +1,8 @@
 #include "videos_widget.h"
 
+#include "topic_combobox.h"
+#include "topic_rename/rename_data.h"
+
 #include <QGridLayout>
 
 namespace rviz_plugin {
@@ -125,6 +128,16 @@ void VideosWidget::SetPopupPanelsVisible(bool visible)
 {
     for (VideoControlWidget* item : items) {
         item->SetPopupPanelVisible(visible);
+    }
+}
+
+void VideosWidget::UpdateDisplayTopic()
+{
+    RenameData names;
+    names.ReadAliasFromFile();
+    for (VideoControlWidget* item : items) {
+        item->SetCameraAlias(
+            QString::fromStdString(names.GetAlias(item->GetTopicCombobox()->currentText().toStdString())));
     }
 }
 

@@ -36,6 +36,8 @@ public:
     void EmbedPanels();
     void SetPopupPanelsVisible(bool visible);
     void SetPopButtonsVisible(bool visible);
+    // Every item's camera name from the alias file (read once).
+    void UpdateDisplayTopic();
     // Items on the current page, in the order shown.
     QList<VideoControlWidget*> GetShownItems() const;
     const QList<VideoControlWidget*>& GetItems() const { return items; }

@@ -22,6 +22,8 @@
 #include "kora_vision/videos_widget.h"
 #include "kora_vision/vision_property.h"
 #include "overlay/ipp_node.h"
+#include "topic_rename/rename_table_model.h"
+#include "topic_rename/topic_rename_dialog.h"
 #include "overlay/ipp_parameters.h"
 #include "widgets/title_bar_base.h"
 
@@ -43,6 +45,10 @@
 #include <rviz/properties/status_list.h>
 #include <rviz/properties/int_property.h>
 #include <rviz/tool.h>
+#include <custom/Video.h>
+#include <ros/master.h>
+
+#include <fstream>
 #include <rviz/tool_manager.h>
 #include <rviz/panel_dock_widget.h>
 #include <rviz/visualization_frame.h>
@@ -583,6 +589,58 @@ TEST_F(KoraVisionDisplayTest, WallTitleBarOpensTheDecodingEvaluation)
     EXPECT_EQ(entrance->GetDialog()->GetEvaluateWidget()->GetText(), "Failed to evaluate the decoder performance.");
     EXPECT_NE(log.find("Failed to get orsa path."), std::string::npos) << log;
     entrance->GetDialog()->close();
+}
+
+// Camera names from the alias file reach the items' titles, also for a nested topic; "Set Name" lists
+// the master's cameras with their names and, saved, renames the items at once.
+TEST_F(KoraVisionDisplayTest, SetNameGivesItemsTheirCameraNames)
+{
+    test_support::TempDir root;
+    ros::param::set("orsaPath", root.Path().string());
+    std::filesystem::create_directories(root.Path() / "config");
+    std::ofstream(root / "config/camera_topic_alias.json")
+        << R"({"topic_alias": {"camera/left": "Left Wide", "rig/front": "Front"}, "default_alias": ["A", "B"]})";
+    ros::NodeHandle node;
+    const ros::Publisher camera = node.advertise<custom::Video>("/rig/front", 1);
+    ASSERT_TRUE(test_support::WaitFor(
+        []() {
+            ros::master::V_TopicInfo topics;
+            ros::master::getTopics(topics);
+            return std::any_of(topics.begin(), topics.end(), [](const auto& topic) { return topic.name == "/rig/front"; });
+        },
+        std::chrono::seconds(10)));
+
+    AddItems(2);
+    TypeTopic(videos->GetItems().at(0), "/camera/left");
+    TypeTopic(videos->GetItems().at(1), "/rig/front");
+    EXPECT_EQ(videos->GetItems().at(0)->GetCameraAlias(), "Left Wide");
+    EXPECT_EQ(videos->GetItems().at(1)->GetCameraAlias(), "Front");
+    auto* alias = videos->GetItems().at(1)->findChild<QLabel*>("VideoControlWidget_aliasLabel");
+    ASSERT_NE(alias, nullptr);
+    EXPECT_EQ(alias->text(), "Front");
+
+    auto* setName = total->findChild<QPushButton*>("setNameBt");
+    ASSERT_NE(setName, nullptr);
+    EXPECT_EQ(setName->text(), "Set Name");
+    setName->click();
+    rviz_plugin::TopicRenameDialog* dialog = total->GetTopicRenameDialog();
+    ASSERT_TRUE(dialog->isVisible());
+    EXPECT_EQ(dialog->windowTitle(), "Set Name");
+    EXPECT_EQ(dialog->geometry(), QRect(QPoint(685, 275), QPoint(1308, 804)));
+    rviz_plugin::RenameTableModel* model = dialog->GetModel();
+    int row = -1;
+    for (int index = 0; index < model->rowCount(); ++index) {
+        row = model->index(index, 0).data().toString() == "rig/front" ? index : row;
+    }
+    ASSERT_GE(row, 0) << "the master's camera is not listed";
+    EXPECT_EQ(model->index(row, 1).data().toString(), "Front");
+    EXPECT_EQ(model->GetDefaultAlias(), (QStringList{"A", "B"}));
+    ASSERT_TRUE(model->setData(model->index(row, 1), "Front Long", Qt::EditRole));
+    dialog->SaveAction();
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_EQ(videos->GetItems().at(1)->GetCameraAlias(), "Front Long");
+    EXPECT_EQ(videos->GetItems().at(0)->GetCameraAlias(), "Left Wide");  // not on the master: kept
+    ros::param::del("orsaPath");
 }
 
 // The property at a "/"-separated path below root, or null.
