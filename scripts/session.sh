@@ -19,6 +19,12 @@ start_master() {
   export ROS_MASTER_URI="http://127.0.0.1:$port" ROS_IP=127.0.0.1 ROS_HOME="$RUN_DIR/roshome"
   rosmaster --core -p "$port" >"$RUN_DIR/rosmaster.log" 2>&1 & session_pids+=($!)
   until rosparam set orsaPath "$RUN_DIR/orsa" 2>/dev/null; do sleep 0.2; done
+  # The simulated car's cameras get custom names ("Set Name" changes them), unless already given.
+  mkdir -p "$RUN_DIR/orsa/config"
+  [ -e "$RUN_DIR/orsa/config/camera_topic_alias.json" ] || cat >"$RUN_DIR/orsa/config/camera_topic_alias.json" <<'JSON'
+{"topic_alias": {"camera_front": "Front-Center-Long Focus", "camera_left": "Side-Left Front-Short Focus",
+                 "camera_right": "Side-Right Front-Short Focus", "camera_rear": "Rear-Center-Medium Focus"}}
+JSON
 }
 
 # Starts Xvfb (1600x1000) when DISPLAY is empty or when forced with "new"; exports DISPLAY.

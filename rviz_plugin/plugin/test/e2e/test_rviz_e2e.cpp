@@ -10,6 +10,7 @@
 #include <QImage>
 
 #include <filesystem>
+#include <fstream>
 #include <regex>
 #include <thread>
 
@@ -101,6 +102,10 @@ TEST_F(RvizEndToEnd, ShippedLayoutShowsFourDecodedCamerasOfTheSimulatedCar)
     test_support::Environment environment = master->RosEnvironment();
     test_support::Process car({simulatedCar, "--cameras", "4", "--width", "640", "--height", "360", "--fps", "15"},
                               work / "simulated_car.log", environment);
+    // Two cameras with custom names: the wall shows them beside the topics.
+    fs::create_directories(root + "/config");
+    std::ofstream(root + "/config/camera_topic_alias.json")
+        << R"({"topic_alias": {"camera_front": "Front-Center-Long Focus", "camera_rear": "Rear-Center-Medium Focus"}})";
     auto rviz = StartRviz(sourceDirectory + "/layouts/kora_vision.rviz");
     ExpectNoPluginError(rviz->Log());
 
