@@ -359,9 +359,17 @@ void Session::InternalExec(const std::string& command, const OutputCallback& cal
     isReading = false;
 }
 
+bool Session::HasBufferedData()
+{
+    const std::lock_guard<std::recursive_mutex> lock(libssh2Mutex);
+    return channel != nullptr && libssh2_poll_channel_read(channel, 0) != 0;
+}
+
 bool Session::ReadChannel(std::string& output)
 {
-    const int waited = WaitSocket();
+    // libssh2 takes whole packets (up to 32 KiB) from the socket and hands them out 5119 bytes a read:
+    // while some are left the socket may stay quiet, so they are read without waiting for it.
+    const int waited = HasBufferedData() ? 1 : WaitSocket();
     if (waited < 0 && errno != EINTR) {
         const int error = errno;
         InternalDisconnect();

@@ -67,6 +67,7 @@ private:
     int WaitSocket();
     bool WriteChannel(const std::string& command);
     bool InternalLibSshWrite(const std::string& text);
+    bool HasBufferedData();
     bool ReadChannel(std::string& output);
     bool IsChannelEof(std::string& output);
     void CloseSocket();

@@ -9,7 +9,10 @@
 
 #include <sched.h>
 
+#include <filesystem>
+#include <fstream>
 #include <future>
+#include <iostream>
 
 namespace rviz_plugin {
 namespace {
@@ -173,6 +176,25 @@ TEST_F(SessionTest, TwentySessionsAtOnce)
         EXPECT_NE(outputs[index]->Text().find("run-" + std::to_string(index)), std::string::npos);
         EXPECT_NE(outputs[index]->Text().find("finished: 0\n"), std::string::npos) << outputs[index]->Text();
     }
+}
+
+TEST_F(SessionTest, LargeOutputArrivesWhole)
+{
+    const std::string file = server->Home() + "/large.txt";
+    std::ofstream(file) << std::string(2 * 1024 * 1024, 'x') << "\nend-of-file\n";
+    std::filesystem::permissions(file, std::filesystem::perms::others_read, std::filesystem::perm_options::add);
+    auto session = SessionFactory::CreateSession();
+    ASSERT_EQ(test_support::ConnectAndWait(*session, Login(server->Password())), Session::Connected);
+    test_support::OutputCollector output;
+    const auto start = std::chrono::steady_clock::now();
+    session->Exec("cat " + file + ";exit", output.Callback());
+    ASSERT_TRUE(output.WaitFinished(60s));
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    const std::string text = output.Text();
+    EXPECT_NE(text.find("end-of-file"), std::string::npos);
+    EXPECT_GE(std::count(text.begin(), text.end(), 'x'), 2 * 1024 * 1024);
+    EXPECT_LT(seconds, 20.0);
+    std::cout << "2 MiB through the shell in " << seconds << " s" << std::endl;
 }
 
 // Last: the server is killed in the middle of a command's output.

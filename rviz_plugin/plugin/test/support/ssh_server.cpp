@@ -27,6 +27,8 @@ SshServer::SshServer(const std::string& work) : workDirectory(work + "/sshd")
     }
     namespace fs = std::filesystem;
     fs::create_directories(workDirectory);
+    // The test account must pass through the work directory (made private) to its home and files.
+    fs::permissions(fs::path(workDirectory).parent_path(), fs::perms::others_exec, fs::perm_options::add);
     fs::create_directories("/run/sshd");  // sshd's privilege separation directory
     user = "korat" + std::to_string(getpid() % 100000);
     home = workDirectory + "/home";
