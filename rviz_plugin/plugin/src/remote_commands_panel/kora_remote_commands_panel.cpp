@@ -69,7 +69,7 @@ void KoraRemoteCommandsPanel::ConfigChanged()
 rviz::PanelDockWidget* KoraRemoteCommandsPanel::CreatePopupPanel(const QString& title, QWidget* contents)
 {
     rviz::WindowManagerInterface* windows = vis_manager_ != nullptr ? vis_manager_->getWindowManager() : nullptr;
-    return windows != nullptr ? windows->addPane(title, contents, Qt::BottomDockWidgetArea, true) : nullptr;
+    return windows != nullptr ? windows->addPane(title, contents, Qt::BottomDockWidgetArea, false) : nullptr;
 }
 
 void KoraRemoteCommandsPanel::OnLoginButtonClicked()

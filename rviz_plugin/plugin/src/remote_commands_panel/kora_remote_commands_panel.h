@@ -35,6 +35,7 @@ public:
     void save(rviz::Config config) const override;
     void load(const rviz::Config& config) override;
     rviz::PanelDockWidget* CreatePopupPanel(const QString& title, QWidget* contents);
+    CommandManager& GetCommandManager() { return commandManager; }
 
 Q_SIGNALS:
     void LoggedIn();
