@@ -4,7 +4,9 @@
 #   scripts/fuzz.sh [SECONDS [TARGET...]]   (default 5 seconds each, every target)
 #   FUZZ_RUNS=N scripts/fuzz.sh 0 TARGET    runs TARGET for N executions instead (long runs by hand)
 # Targets: ros_msg_parser (run-time message parsing), video_decoding (access units through the
-# pipeline's rules and the software decoder), config_files (JSON, schemas, settings files).
+# pipeline's rules and the software decoder), config_files (JSON, schemas, settings files),
+# remote_connections (saved connections and their cipher text), command_files (the car's built-in
+# commands file and version file).
 # Each keeps its corpus in $BUILD_DIR/fuzz/<target>/corpus, seeded from the repository; crashes land
 # in $BUILD_DIR/fuzz/<target>/ and fail the script.
 set -eo pipefail
@@ -12,7 +14,7 @@ source "$(dirname "$0")/env.sh"
 SECONDS_TO_RUN=${1:-5}
 shift || true
 TARGETS=("$@")
-[ ${#TARGETS[@]} -gt 0 ] || TARGETS=(ros_msg_parser video_decoding config_files)
+[ ${#TARGETS[@]} -gt 0 ] || TARGETS=(ros_msg_parser video_decoding config_files remote_connections command_files)
 PLUGIN="$ROOT/rviz_plugin/plugin"
 SRC="$PLUGIN/src"
 FOUNDATION=("$SRC/foundation/logger.cpp" "$SRC/foundation/log_file.cpp" "$SRC/foundation/log_console.cpp"
@@ -33,6 +35,14 @@ sources_of() {
     config_files)
       echo "$PLUGIN/test/foundation/fuzz_config_files.cpp $SRC/foundation/config_file_tool.cpp" \
            "$SRC/foundation/file_hander.cpp $SRC/decoder_switch/evaluate_history.cpp ${FOUNDATION[*]}" ;;
+    remote_connections)
+      echo "$PLUGIN/test/remote_commands/fuzz_remote_connections.cpp $SRC/remote_commands/connection.cpp" \
+           "$SRC/remote_commands/cipher_handler.cpp $SRC/remote_commands/key_handler.cpp" \
+           "$SRC/remote_commands/aes_gcm_code.cpp $SRC/foundation/bounded_memory.cpp ${FOUNDATION[*]}" ;;
+    command_files)
+      echo "$PLUGIN/test/remote_commands/fuzz_command_files.cpp $SRC/remote_commands/builtin_commands_file.cpp" \
+           "$SRC/remote_commands/version_file.cpp $SRC/foundation/config_file_tool.cpp" \
+           "$SRC/foundation/file_hander.cpp ${FOUNDATION[*]}" ;;
     *) echo "unknown fuzz target $1" >&2; exit 2 ;;
   esac
 }
@@ -42,6 +52,8 @@ libraries_of() {
     ros_msg_parser) ;;
     video_decoding) echo "$(pkg-config --libs libavcodec libavutil libswscale) ${ROS_LIBS[*]}" ;;
     config_files) echo "${ROS_LIBS[*]}" ;;
+    remote_connections) echo "-lrviz $(pkg-config --libs Qt5Core) -lcrypto ${ROS_LIBS[*]}" ;;
+    command_files) echo "${ROS_LIBS[*]}" ;;
   esac
 }
 
@@ -52,6 +64,8 @@ options_of() {
     ros_msg_parser) echo "-max_len=4096" ;;
     video_decoding) echo "-max_len=16384 -detect_leaks=0" ;;
     config_files) echo "-max_len=4096" ;;
+    remote_connections) echo "-max_len=4096" ;;
+    command_files) echo "-max_len=8192" ;;
   esac
 }
 
@@ -60,6 +74,8 @@ seeds_of() {
     ros_msg_parser) echo "$PLUGIN/test/ros_msg_parser/corpus" ;;
     video_decoding) echo "$PLUGIN/test/decoder_switch/corpus" ;;
     config_files) echo "$PLUGIN/test/foundation/corpus" ;;
+    remote_connections) echo "$PLUGIN/test/remote_commands/corpus_connections" ;;
+    command_files) echo "$PLUGIN/test/remote_commands/corpus_command_files" ;;
   esac
 }
 
@@ -75,7 +91,8 @@ for target in "${TARGETS[@]}"; do
     # shellcheck disable=SC2046
     clang++ -std=c++17 -O1 -g -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined \
       -fsanitize-recover=pointer-overflow,float-cast-overflow \
-      -I"$SRC" -I"$BUILD_DIR/devel/include" -I/usr/include/OGRE "${sources[@]}" -o "$binary" \
+      -I"$SRC" -I"$BUILD_DIR/devel/include" -I/usr/include/OGRE $(pkg-config --cflags Qt5Core) -fPIC \
+      "${sources[@]}" -o "$binary" \
       $(libraries_of "$target")
   fi
   limit="-max_total_time=$SECONDS_TO_RUN"

@@ -1,12 +1,18 @@
 #include "command.h"
 
+#include "builtin_commands_file.h"
 #include "connection_manager.h"
 #include "remote_log.h"
 
 namespace rviz_plugin {
 
-const QMap<QString, int> Command::STRING_TO_BUTTON_FLAG{
-    {"HAS_EXECUTE", HasExecute}, {"HAS_VIEW", HasView}, {"HAS_EDIT", HasEdit}, {"HAS_REMOVE", HasRemove}};
+const QMap<QString, int> Command::STRING_TO_BUTTON_FLAG = []() {
+    QMap<QString, int> flags;
+    for (const auto& [name, flag] : ButtonFlagNames()) {
+        flags.insert(QString::fromStdString(name), flag);
+    }
+    return flags;
+}();
 
 Command::~Command() = default;
 

@@ -1,8 +1,8 @@
 #include "command_manager.h"
 
 #include "builtin_command.h"
+#include "builtin_commands_file.h"
 #include "camera_orsa_command.h"
-#include "foundation/config_file_tool.h"
 #include "lidar_orsa_command.h"
 #include "modify_viz_address_command.h"
 #include "radar_orsa_command.h"
@@ -16,31 +16,9 @@
 namespace rviz_plugin {
 
 namespace {
-// The file's schema. "type" is one of "app" and "shell" (an enum: the schema checker refuses patterns).
-const char* const builtinSchema = R"json({
-  "type": "object",
-  "required": ["viz_builtin_commands"],
-  "properties": {
-    "viz_builtin_commands": {
-      "type": "array",
-      "items": {
-        "type": "object",
-        "required": ["name", "type", "command_template", "default_arg", "actions_flag", "description"],
-        "properties": {
-          "name": {"type": "string"},
-          "type": {"type": "string", "enum": ["app", "shell"]},
-          "command_template": {"type": "string"},
-          "default_arg": {"type": "string"},
-          "actions_flag": {"type": "string"},
-          "description": {"type": "string"}
-        }
-      }
-    }
-  }
-})json";
-const char* const serverAddressPlaceHolder = "$GET_ORSA_SERVER_IP_PORT";
-constexpr int maxShownCharacters = 6;
+constexpr int maxShownCharacters = 6;  // invalid characters named in a warning
 } // namespace
+
 
 CommandManager::CommandManager() = default;
 
@@ -67,33 +45,21 @@ void CommandManager::AddBuiltinCommands()
 
 bool CommandManager::ParseVizBuiltinCommandsJson(const QString& text, std::vector<std::unique_ptr<Command>>& list)
 {
-    rapidjson::Document document;
-    rapidjson::Document schema;
-    if (Orsa::ConfigFileTool::ReadJsonString(text.toStdString(), document) ||
-        Orsa::ConfigFileTool::ReadJsonString(builtinSchema, schema) ||
-        !Orsa::ConfigFileTool::IsJsonConsistentWithSchema(document, schema)) {
-        return false;
-    }
     QString ip;
     QString port;
     ModifyVizAddressCommand::GetOrsaListenIpAndPort(ip, port);
-    for (const auto& item : document["viz_builtin_commands"].GetArray()) {
+    std::vector<BuiltinCommandSpec> specs;
+    if (!ParseBuiltinCommandsText(text.toStdString(), QString("%1 %2").arg(ip, port).toStdString(), specs)) {
+        return false;
+    }
+    for (const BuiltinCommandSpec& spec : specs) {
         auto command = std::make_unique<BuiltinCommand>();
-        command->SetName(item["name"].GetString());
-        command->SetShouldVerifyValidity(std::string(item["type"].GetString()) == "app");
-        command->SetTemplate(item["command_template"].GetString());
-        command->SetEditableCommand(
-            QString(item["default_arg"].GetString()).replace(serverAddressPlaceHolder, QString("%1 %2").arg(ip, port)));
-        int flags = 0;
-        for (const QString& flag : QString(item["actions_flag"].GetString()).split(" | ")) {
-            if (!Command::STRING_TO_BUTTON_FLAG.contains(flag)) {
-                RemoteError("Unknown actions flag '" + flag.toStdString() + "' of " + command->GetName().toStdString());
-                return false;
-            }
-            flags |= Command::STRING_TO_BUTTON_FLAG.value(flag);
-        }
-        command->SetButtonFlag(flags);
-        command->SetCommandDescription(item["description"].GetString());
+        command->SetName(QString::fromStdString(spec.name));
+        command->SetShouldVerifyValidity(spec.checkValidity);
+        command->SetTemplate(QString::fromStdString(spec.commandTemplate));
+        command->SetEditableCommand(QString::fromStdString(spec.defaultArgument));
+        command->SetButtonFlag(spec.buttonFlag);
+        command->SetCommandDescription(QString::fromStdString(spec.description));
         list.push_back(std::move(command));
     }
     return true;

@@ -1,5 +1,6 @@
 #include "read_json_file_command.h"
 
+#include "builtin_commands_file.h"
 #include "connection_manager.h"
 #include "remote_log.h"
 
@@ -80,13 +81,11 @@ void ReadJsonFileCommand::Finish()
 QString ReadJsonFileCommand::GetJsonString() const
 {
     const std::lock_guard<std::mutex> lock(bufferMutex);
-    const std::size_t first = buffer.find('{');
-    const std::size_t last = buffer.rfind('}');
-    if (first == std::string::npos || last == std::string::npos || last < first) {
+    const std::string json = JsonObjectText(buffer);
+    if (json.empty()) {
         RemoteError("Failed to parse JSON object from string: '" + buffer + "'");
-        return {};
     }
-    return QString::fromStdString(buffer.substr(first, last - first + 1));
+    return QString::fromStdString(json);
 }
 
 } // namespace rviz_plugin
