@@ -163,11 +163,6 @@ void CommandWidget::ShowOutput()
     viewButton->setText("Output");
 }
 
-QString CommandWidget::GetLaunchText() const
-{
-    return launchButton->text();
-}
-
 void CommandWidget::OnCommandNameChanged(const QString& name)
 {
     nameButton->setText(QFontMetrics(nameButton->font()).elidedText(name, Qt::ElideRight, nameWidth - 10));

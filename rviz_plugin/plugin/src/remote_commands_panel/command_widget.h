@@ -31,7 +31,6 @@ public:
     void ApplyButtonFlag();
     void OnExecuteButtonClicked();
     void ShowOutput();
-    QString GetLaunchText() const;
     OutputWidget* GetOutputWidget() const { return outputWidget; }
 
 private:

@@ -56,9 +56,4 @@ void LoginStatusWidget::SetLoading(bool loading)
     logoutButton->setEnabled(!loading);
 }
 
-QString LoginStatusWidget::GetVersionText() const
-{
-    return versionLabel->text();
-}
-
 } // namespace rviz_plugin

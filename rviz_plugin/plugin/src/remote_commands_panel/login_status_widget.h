@@ -21,7 +21,6 @@ public:
     void SetCheckVersion(const QString& remoteVersion, const QString& result, const QString& localVersion);
     void Reset();
     void SetLoading(bool loading);
-    QString GetVersionText() const;
 
 Q_SIGNALS:
     void LogoutButtonClicked();

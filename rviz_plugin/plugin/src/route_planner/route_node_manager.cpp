@@ -243,11 +243,6 @@ bool RouteNodeManager::CheckWayPointVectorIndex(int route, int point) const
            point < static_cast<int>(routes[static_cast<std::size_t>(route)]->wayPointNodes.size());
 }
 
-const RouteData* RouteNodeManager::GetRouteData(int route) const
-{
-    return CheckRouteDataIndex(route) ? routes[static_cast<std::size_t>(route)].get() : nullptr;
-}
-
 void RouteNodeManager::CreateRouteData(unsigned int index)
 {
     if (index > routes.size()) {

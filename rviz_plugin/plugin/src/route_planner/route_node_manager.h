@@ -79,7 +79,6 @@ public:
     bool GetIsMouseVisualArea() const { return mouseVisualArea; }
     void SetCameraViewLookAtFixedFrame(const QString& frame);
     int ProcessMouseEvent(rviz::ViewportMouseEvent& event);
-    const RouteData* GetRouteData(int route) const;
     std::vector<std::string> GetFrames() const { return {frames.begin(), frames.end()}; }
 
 Q_SIGNALS:

@@ -41,7 +41,6 @@ public:
     int processMouseEvent(rviz::ViewportMouseEvent& event) override;
     virtual void MakeFlag(const Ogre::Vector3& position, Ogre::Camera* camera);
     void GetMsgBack(const geometry_msgs::PointStamped& message);
-    std::size_t GetFlagCount() const { return coordinateNodes.size(); }
 
 protected:
     // The point with the map offset added, published on the tool's topic.

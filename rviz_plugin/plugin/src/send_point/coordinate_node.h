@@ -23,7 +23,6 @@ public:
     void SetPosition(const Ogre::Vector3& position);
     void SetScale(Ogre::Vector3 scale);
     Ogre::SceneNode* GetFlagNode() const { return flagNode; }
-    const std::string& GetText() const { return text; }
 
 private:
     Ogre::SceneManager* manager;
