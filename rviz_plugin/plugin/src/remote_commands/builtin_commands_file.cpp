@@ -67,7 +67,7 @@ const std::map<std::string, int>& ButtonFlagNames()
 }
 
 bool ParseBuiltinCommandsText(const std::string& text, const std::string& serverAddress,
-                              std::vector<BuiltinCommandSpec>& specs)
+                              std::vector<BuiltinCommandEntry>& entries)
 {
     rapidjson::Document document;
     rapidjson::Document schema;
@@ -76,16 +76,16 @@ bool ParseBuiltinCommandsText(const std::string& text, const std::string& server
         return false;
     }
     for (const auto& item : document["viz_builtin_commands"].GetArray()) {
-        BuiltinCommandSpec spec;
-        spec.name = item["name"].GetString();
-        spec.checkValidity = std::string(item["type"].GetString()) == "app";
-        spec.commandTemplate = item["command_template"].GetString();
-        spec.defaultArgument = ReplaceAll(item["default_arg"].GetString(), serverAddressPlaceHolder, serverAddress);
-        if (!ReadFlags(item["actions_flag"].GetString(), spec.buttonFlag)) {
+        BuiltinCommandEntry entry;
+        entry.name = item["name"].GetString();
+        entry.checkValidity = std::string(item["type"].GetString()) == "app";
+        entry.commandTemplate = item["command_template"].GetString();
+        entry.defaultArgument = ReplaceAll(item["default_arg"].GetString(), serverAddressPlaceHolder, serverAddress);
+        if (!ReadFlags(item["actions_flag"].GetString(), entry.buttonFlag)) {
             return false;
         }
-        spec.description = item["description"].GetString();
-        specs.push_back(std::move(spec));
+        entry.description = item["description"].GetString();
+        entries.push_back(std::move(entry));
     }
     return true;
 }

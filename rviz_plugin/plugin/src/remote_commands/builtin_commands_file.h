@@ -8,7 +8,7 @@
 namespace rviz_plugin {
 
 // One entry of the car's built-in commands file.
-struct BuiltinCommandSpec {
+struct BuiltinCommandEntry {
     std::string name;
     bool checkValidity = false;  // "type": "app" (checked on the car) or "shell"
     std::string commandTemplate;
@@ -23,7 +23,7 @@ const std::map<std::string, int>& ButtonFlagNames();
 // The entries of {"viz_builtin_commands": [...]}; false (logged) when the text is not JSON, does not
 // follow the file's schema, or names an unknown action flag.
 bool ParseBuiltinCommandsText(const std::string& text, const std::string& serverAddress,
-                              std::vector<BuiltinCommandSpec>& specs);
+                              std::vector<BuiltinCommandEntry>& entries);
 
 // The text from the first "{" to the last "}" (drops a shell's echo and prompt), or "".
 std::string JsonObjectText(const std::string& output);

@@ -48,18 +48,18 @@ bool CommandManager::ParseVizBuiltinCommandsJson(const QString& text, std::vecto
     QString ip;
     QString port;
     ModifyVizAddressCommand::GetOrsaListenIpAndPort(ip, port);
-    std::vector<BuiltinCommandSpec> specs;
-    if (!ParseBuiltinCommandsText(text.toStdString(), QString("%1 %2").arg(ip, port).toStdString(), specs)) {
+    std::vector<BuiltinCommandEntry> entries;
+    if (!ParseBuiltinCommandsText(text.toStdString(), QString("%1 %2").arg(ip, port).toStdString(), entries)) {
         return false;
     }
-    for (const BuiltinCommandSpec& spec : specs) {
+    for (const BuiltinCommandEntry& entry : entries) {
         auto command = std::make_unique<BuiltinCommand>();
-        command->SetName(QString::fromStdString(spec.name));
-        command->SetShouldVerifyValidity(spec.checkValidity);
-        command->SetTemplate(QString::fromStdString(spec.commandTemplate));
-        command->SetEditableCommand(QString::fromStdString(spec.defaultArgument));
-        command->SetButtonFlag(spec.buttonFlag);
-        command->SetCommandDescription(QString::fromStdString(spec.description));
+        command->SetName(QString::fromStdString(entry.name));
+        command->SetShouldVerifyValidity(entry.checkValidity);
+        command->SetTemplate(QString::fromStdString(entry.commandTemplate));
+        command->SetEditableCommand(QString::fromStdString(entry.defaultArgument));
+        command->SetButtonFlag(entry.buttonFlag);
+        command->SetCommandDescription(QString::fromStdString(entry.description));
         list.push_back(std::move(command));
     }
     return true;

@@ -159,7 +159,6 @@ void RouteNodeManager::RenderPanelMouseMoveEventHandler()
     if (Ogre::SceneNode* flag = FloatingFlag()) {
         flag->setVisible(true);
     }
-    floatingFlag = true;
 }
 
 void RouteNodeManager::RenderPanelKeyPressEventHandler(QKeyEvent* event)
@@ -196,7 +195,6 @@ void RouteNodeManager::HideFloatingFlags()
     if (mouseTextNode != nullptr) {
         mouseTextNode->setVisible(false);
     }
-    floatingFlag = false;
 }
 
 int RouteNodeManager::ProcessMouseEvent(rviz::ViewportMouseEvent& event)

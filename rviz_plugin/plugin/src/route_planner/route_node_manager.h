@@ -132,7 +132,6 @@ private:
     int nextId = 0;
     std::map<std::string, Ogre::SceneNode*> floatingFlags;  // "Way Flag", "End Flag"
     Ogre::SceneNode* mouseTextNode = nullptr;
-    bool floatingFlag = false;
     int currentPointIndex = -1;
     int currentRouteIndex = -1;
     bool mouseVisualArea = false;

@@ -1,6 +1,7 @@
 // The vehicle panels through a ROS master on loopback: a good message reaches the widget, a bad one
 // changes nothing on screen, and a burst reaches the GUI as a few hand-overs of the newest message.
 #include "../support/processes.h"
+#include "../support/qt_events.h"
 #include "../support/ros_test_main.h"
 #include "car_view/car_status_view.h"
 #include "car_view/control_instruction.h"
@@ -20,21 +21,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Serves Qt events (the hand-overs) until predicate holds.
-template <typename Predicate>
-bool Serve(Predicate predicate, std::chrono::milliseconds timeout = 5000ms)
-{
-    return test_support::WaitFor(
-        [&]() {
-            QApplication::processEvents();
-            return predicate();
-        },
-        timeout);
-}
-
 void ServeFor(std::chrono::milliseconds time)
 {
-    Serve([] { return false; }, time);
+    test_support::ServeEvents([] { return false; }, time);
 }
 
 QImage Paint(QWidget& widget)
@@ -50,7 +39,7 @@ template <typename Message>
 ros::Publisher Advertise(ros::NodeHandle& node, const std::string& topic, int subscribers = 1)
 {
     ros::Publisher publisher = node.advertise<Message>(topic, 2000);
-    EXPECT_TRUE(Serve([&] { return static_cast<int>(publisher.getNumSubscribers()) >= subscribers; }));
+    EXPECT_TRUE(test_support::ServeEvents([&] { return static_cast<int>(publisher.getNumSubscribers()) >= subscribers; }));
     return publisher;
 }
 
@@ -62,7 +51,7 @@ void ExpectGoodShownBadDropped(QWidget& panel, ros::Publisher& publisher, const 
 {
     const QImage empty = Paint(panel);
     publisher.publish(good);
-    ASSERT_TRUE(Serve([&] { return Paint(panel) != empty; })) << "the good message was not shown";
+    ASSERT_TRUE(test_support::ServeEvents([&] { return Paint(panel) != empty; })) << "the good message was not shown";
     const QImage shown = Paint(panel);
     testing::internal::CaptureStdout();
     publisher.publish(bad);
@@ -98,7 +87,7 @@ TEST(VehiclePanelsThroughMaster, ControlInstructionListensOnItsOwnTopic)
     custom::VehicleStatus good;
     good.brake = 0.25;
     publisher.publish(good);
-    EXPECT_TRUE(Serve([&] { return panel.View()->BrakeValue() == 25; }));
+    EXPECT_TRUE(test_support::ServeEvents([&] { return panel.View()->BrakeValue() == 25; }));
 }
 
 TEST(VehiclePanelsThroughMaster, SceneTrafficAndRoadPanelsShowGoodAndDropBad)
@@ -171,7 +160,7 @@ TEST(VehiclePanelsThroughMaster, ABurstReachesTheGuiAsAFewHandOversOfTheNewest)
         status.throttle = index / static_cast<double>(burst);
         publisher.publish(status);
     }
-    EXPECT_TRUE(Serve([&] { return lastThrottle == 1.0; })) << "last throttle " << lastThrottle;
+    EXPECT_TRUE(test_support::ServeEvents([&] { return lastThrottle == 1.0; })) << "last throttle " << lastThrottle;
     const double seconds = (ros::WallTime::now() - start).toSec();
     // At most one hand-over a frame, plus the first.
     EXPECT_LE(handOvers, static_cast<int>(seconds * 1000 / rviz_plugin::VehiclePanel::framePeriodMs) + 2)

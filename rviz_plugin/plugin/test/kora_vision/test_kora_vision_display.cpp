@@ -2,6 +2,7 @@
 // items created and deleted through the wall, names renumbered, save and load, paging and pop-out.
 #include "../support/processes.h"
 #include "../support/ros_test_main.h"
+#include "../support/rviz_frame_main.h"
 #include "../support/temp_dir.h"
 #include "foundation/rviz_helpers.h"
 #include "kora_vision/associated_widget.h"
@@ -995,24 +996,11 @@ TEST(RvizHelpers, InteractToolAndOverwrittenSave)
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    test_support::TempDir work;
-    test_support::RosMaster master(work.Path().string());
-    test_support::VirtualDisplay xserver(work.Path().string());
-    setenv("DISPLAY", xserver.Display().c_str(), 1);
-    for (const auto& [name, value] : master.RosEnvironment()) {
-        setenv(name.c_str(), value.c_str(), 1);
-    }
-    ros::init(argc, argv, "kora_vision_display_test", ros::init_options::NoSigintHandler);
-    int result = 1;
-    {
-        QApplication app(argc, argv);
-        auto visualizationFrame = std::make_unique<rviz::VisualizationFrame>();
-        visualizationFrame->initialize();
-        visualizationFrame->show();
-        frame = visualizationFrame.get();
-        result = RUN_ALL_TESTS();
-        frame = nullptr;
-    }
-    ros::shutdown();
-    return result;
+    return test_support::WithRvizFrame(argc, argv, "kora_vision_display_test",
+                                       [](rviz::VisualizationFrame& visualizationFrame, test_support::VirtualDisplay&) {
+                                           frame = &visualizationFrame;
+                                           const int result = RUN_ALL_TESTS();
+                                           frame = nullptr;
+                                           return result;
+                                       });
 }

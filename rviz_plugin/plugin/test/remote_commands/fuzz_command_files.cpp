@@ -12,9 +12,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
     const std::string output(reinterpret_cast<const char*>(data), size);
     const std::string json = rviz_plugin::JsonObjectText(output);
-    std::vector<rviz_plugin::BuiltinCommandSpec> specs;
-    rviz_plugin::ParseBuiltinCommandsText(json, "192.168.1.100 7000", specs);
-    rviz_plugin::ParseBuiltinCommandsText(output, "192.168.1.100 7000", specs);
+    std::vector<rviz_plugin::BuiltinCommandEntry> entries;
+    rviz_plugin::ParseBuiltinCommandsText(json, "192.168.1.100 7000", entries);
+    rviz_plugin::ParseBuiltinCommandsText(output, "192.168.1.100 7000", entries);
 
     rviz_plugin::VersionFile remote;
     remote.Parse(json);

@@ -1,6 +1,7 @@
 // Commands on a real OpenSSH server started by the test: user lines, the validity check, the car's
 // built-in list read from a file the test writes (good, malformed, empty, over 1 MiB), limits, the
 // configuration, interruption, twenty at once, and the version check.
+#include "../support/qt_events.h"
 #include "../support/ros_test_main.h"
 #include "../support/ssh_server.h"
 #include "remote_commands/command_manager.h"
@@ -22,19 +23,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Runs the event loop until predicate holds (signals from the sessions' threads arrive queued).
-bool Until(const std::function<bool()>& predicate, std::chrono::milliseconds timeout = 30s)
-{
-    const auto end = std::chrono::steady_clock::now() + timeout;
-    while (!predicate()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        std::this_thread::sleep_for(10ms);
-    }
-    return true;
-}
 
 class Commands : public testing::Test {
 protected:
@@ -76,8 +64,8 @@ protected:
         QString output;
         QObject::connect(&command, &Command::ReceivedOutput, [&output](const QString& text) { output += text; });
         command.Execute();
-        EXPECT_TRUE(Until([&]() { return output.contains("The command execution is finished: "); })) << output.toStdString();
-        EXPECT_TRUE(Until([&]() { return command.GetExecutionStatus() == Command::Standby; }));
+        EXPECT_TRUE(test_support::ServeEvents([&]() { return output.contains("The command execution is finished: "); })) << output.toStdString();
+        EXPECT_TRUE(test_support::ServeEvents([&]() { return command.GetExecutionStatus() == Command::Standby; }));
         return output;
     }
     bool LoadBuiltins()
@@ -87,7 +75,7 @@ protected:
         manager.AddBuiltinCommands();
         EXPECT_TRUE(manager.IsLoading());
         const bool done =
-            Until([&]() { return (added.count() > 0 || failed.count() > 0) && !manager.IsLoading(); });
+            test_support::ServeEvents([&]() { return (added.count() > 0 || failed.count() > 0) && !manager.IsLoading(); });
         EXPECT_TRUE(done) << added.count() << " " << failed.count() << " " << manager.IsLoading();
         return done;
     }
@@ -150,12 +138,12 @@ TEST_F(Commands, UserLinesRunInTheirShellAndEndWithTheShell)
     QString waiting;
     QObject::connect(wait, &Command::ReceivedOutput, [&waiting](const QString& text) { waiting += text; });
     wait->Execute();
-    ASSERT_TRUE(Until([&]() { return waiting.contains("waiting\r\n"); }));
+    ASSERT_TRUE(test_support::ServeEvents([&]() { return waiting.contains("waiting\r\n"); }));
     bool terminated = false;
     const auto start = std::chrono::steady_clock::now();
     wait->Terminate([&terminated]() { terminated = true; });
     EXPECT_EQ(wait->GetExecutionStatus(), Command::Terminating);
-    ASSERT_TRUE(Until([&]() { return terminated && wait->GetExecutionStatus() == Command::Standby; }, 15s));
+    ASSERT_TRUE(test_support::ServeEvents([&]() { return terminated && wait->GetExecutionStatus() == Command::Standby; }, 15s));
     EXPECT_LT(std::chrono::steady_clock::now() - start, 8s);
 }
 
@@ -171,7 +159,7 @@ TEST_F(Commands, TwentyCommandsLaunchedAtOnce)
                          [&outputs, command](const QString& text) { outputs[command] += text; });
         command->Execute();
     }
-    ASSERT_TRUE(Until(
+    ASSERT_TRUE(test_support::ServeEvents(
         [&]() {
             const auto commands = manager.GetCommands();
             return std::all_of(commands.begin(), commands.end(), [&](Command* command) {
@@ -215,7 +203,7 @@ TEST_F(Commands, BuiltinListFromTheCarWithChecksAndTheUsersArguments)
     EXPECT_EQ(manager.GetCommand("tell address")->GetEditableCommand(), ip + " " + port);
     EXPECT_EQ(port, "7000");
     // "app" commands are checked on the car; "shell" ones never.
-    ASSERT_TRUE(Until([&]() {
+    ASSERT_TRUE(test_support::ServeEvents([&]() {
         std::lock_guard<std::mutex> lock(validMutex);
         return valid.size() == 2 && !manager.IsLoading();
     }));
@@ -230,7 +218,7 @@ TEST_F(Commands, BuiltinListFromTheCarWithChecksAndTheUsersArguments)
     list->SetEditableCommand("-la");
     ASSERT_TRUE(LoadBuiltins());
     EXPECT_EQ(manager.GetCommand("list home")->GetEditableCommand(), "-la");
-    Until([&]() { return !manager.IsLoading(); });
+    test_support::ServeEvents([&]() { return !manager.IsLoading(); });
 
     // Saved and loaded with the three keys.
     rviz::Config config;
@@ -269,7 +257,7 @@ TEST_F(Commands, BadBuiltinFilesGiveTheirMessages)
                                     "setting viz_address.conf"}));
     EXPECT_EQ(manager.GetCommand("launch camera_orsa")->GetFullCommand(),
               "/opt/platform/kora_platform/script/camera_orsa_start.sh 71 72 73 74 75 76 77 78 79 80 81 82 83 84");
-    Until([&]() { return !manager.IsLoading(); });
+    test_support::ServeEvents([&]() { return !manager.IsLoading(); });
 
     // Over 1 MiB: refused, and the compiled-in list.
     WriteBuiltinFile("{\"viz_builtin_commands\": [], \"padding\": \"" + std::string(0x100000, 'x') + "\"}");
@@ -278,7 +266,7 @@ TEST_F(Commands, BadBuiltinFilesGiveTheirMessages)
     EXPECT_EQ(failed.takeFirst().at(0).toString(),
               "An abnormal length data is received (over 1MB). Check whether the content in the file is correct.");
     EXPECT_EQ(Names().size(), 4);
-    Until([&]() { return !manager.IsLoading(); });
+    test_support::ServeEvents([&]() { return !manager.IsLoading(); });
 }
 
 TEST(CommandLimits, ContentChecks)
@@ -327,7 +315,7 @@ TEST_F(Commands, VersionOfTheCarAgainstTheLocalFile)
     QSignalSpy finished(&checker, &VersionCompatibilityChecker::CheckFinished);
     checker.Check();
     EXPECT_TRUE(checker.IsChecking());
-    ASSERT_TRUE(Until([&]() { return finished.count() == 1; }));
+    ASSERT_TRUE(test_support::ServeEvents([&]() { return finished.count() == 1; }));
     EXPECT_EQ(finished.at(0).at(0).toString(), "1.3");
     EXPECT_EQ(finished.at(0).at(1).toString(), "Compatible");
     EXPECT_EQ(finished.at(0).at(2).toString(), "1.2");
@@ -340,7 +328,7 @@ TEST_F(Commands, VersionOfTheCarAgainstTheLocalFile)
     unconnected.Init(&none, QString::fromStdString(remote));
     QSignalSpy unknown(&unconnected, &VersionCompatibilityChecker::CheckFinished);
     unconnected.Check();
-    ASSERT_TRUE(Until([&]() { return unknown.count() == 1; }));
+    ASSERT_TRUE(test_support::ServeEvents([&]() { return unknown.count() == 1; }));
     EXPECT_EQ(unknown.at(0).at(1).toString(), "Unknown");
 }
 

@@ -2,7 +2,9 @@
 // server started by the test: the login form, the version check, a command and its output window; and
 // the password in clear is nowhere in the files the run wrote, its saved configuration or its log.
 #include "../support/processes.h"
+#include "../support/qt_events.h"
 #include "../support/ros_test_main.h"
+#include "../support/rviz_frame_main.h"
 #include "../support/ssh_server.h"
 #include "remote_commands_panel/command_list_widget.h"
 #include "remote_commands_panel/kora_remote_commands_panel.h"
@@ -33,19 +35,6 @@ namespace fs = std::filesystem;
 
 rviz::VisualizationFrame* frame = nullptr;
 test_support::VirtualDisplay* display = nullptr;
-
-bool Until(const std::function<bool()>& predicate, std::chrono::milliseconds timeout = 30s)
-{
-    const auto end = std::chrono::steady_clock::now() + timeout;
-    while (!predicate()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        QApplication::processEvents(QEventLoop::AllEvents, 20);
-        std::this_thread::sleep_for(10ms);
-    }
-    return true;
-}
 
 // Every regular file below root whose bytes contain text.
 std::vector<std::string> FilesContaining(const fs::path& root, const std::string& text)
@@ -98,34 +87,34 @@ TEST(RemoteCommandsPanel, LoginVersionCommandOutputAndNoPasswordLeft)
     auto* password = panel->findChild<QLineEdit*>("LoginWidget_password");
     password->setText("not-the-password");
     login->click();
-    ASSERT_TRUE(Until([&]() { return login->isEnabled(); }));
+    ASSERT_TRUE(test_support::ServeEvents([&]() { return login->isEnabled(); }));
     EXPECT_EQ(panel->findChild<QLabel*>("LoginWidget_error")->text(),
               "Authorization failed. Invalid username or password.");
 
     password->setText(QString::fromStdString(server.Password()));
     login->click();
     auto* pages = panel->findChild<QStackedWidget*>();
-    ASSERT_TRUE(Until([&]() { return pages->currentIndex() == 1; })) << panel->findChild<QLabel*>("LoginWidget_error")->text().toStdString();
+    ASSERT_TRUE(test_support::ServeEvents([&]() { return pages->currentIndex() == 1; })) << panel->findChild<QLabel*>("LoginWidget_error")->text().toStdString();
     EXPECT_TRUE(password->text().isEmpty());
     auto* version = panel->findChild<QLabel*>("LoginStatusWidget_version");
-    ASSERT_TRUE(Until([&]() { return version->text().contains("Compatible"); })) << version->text().toStdString();
+    ASSERT_TRUE(test_support::ServeEvents([&]() { return version->text().contains("Compatible"); })) << version->text().toStdString();
     EXPECT_EQ(version->text(), "API version: Compatible (car 2.4, local 2.1)");
 
     // The car has no list of its own here: the compiled-in commands, then the user's.
     rviz_plugin::CommandManager& commands = panel->GetCommandManager();
-    ASSERT_TRUE(Until([&]() { return commands.GetCommands().size() == 4 && !commands.IsLoading(); }, 60s));
+    ASSERT_TRUE(test_support::ServeEvents([&]() { return commands.GetCommands().size() == 4 && !commands.IsLoading(); }, 60s));
     ASSERT_TRUE(commands.AddCommand("system", "uname -sr; echo $((6*7)) lines", false));
     auto* list = panel->findChild<rviz_plugin::CommandListWidget*>();
-    ASSERT_TRUE(Until([&]() { return list->GetCommandWidgets().size() == 5; }));
+    ASSERT_TRUE(test_support::ServeEvents([&]() { return list->GetCommandWidgets().size() == 5; }));
     rviz_plugin::CommandWidget* system = list->GetCommandWidgets().back();
     system->findChild<QPushButton*>("CommandWidget_launch")->click();
-    ASSERT_TRUE(Until([&]() { return system->GetOutputWidget()->toPlainText().contains("The command execution is finished: 0"); }));
+    ASSERT_TRUE(test_support::ServeEvents([&]() { return system->GetOutputWidget()->toPlainText().contains("The command execution is finished: 0"); }));
     EXPECT_TRUE(system->GetOutputWidget()->toPlainText().contains("42 lines"));
     EXPECT_FALSE(system->GetOutputWidget()->toPlainText().contains("\x1b"));
     EXPECT_EQ(system->findChild<QPushButton*>("CommandWidget_view")->text(), "Output *");  // unread
     system->ShowOutput();
     EXPECT_EQ(system->findChild<QPushButton*>("CommandWidget_view")->text(), "Output");
-    Until([]() { return false; }, 1500ms);  // let the windows settle for the picture
+    test_support::ServeEvents([]() { return false; }, 1500ms);  // let the windows settle for the picture
     ASSERT_TRUE(display->Screenshot(std::string(RVIZ_PLUGIN_ARTIFACT_DIR) + "/remote_commands_panel.png"));
 
     // The configuration keeps the login with the password as cipher text only.
@@ -149,26 +138,14 @@ TEST(RemoteCommandsPanel, LoginVersionCommandOutputAndNoPasswordLeft)
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    test_support::TempDir work;
-    test_support::RosMaster master(work.Path().string());
-    test_support::VirtualDisplay xserver(work.Path().string());
-    display = &xserver;
-    setenv("DISPLAY", xserver.Display().c_str(), 1);
-    for (const auto& [name, value] : master.RosEnvironment()) {
-        setenv(name.c_str(), value.c_str(), 1);
-    }
-    ros::init(argc, argv, "remote_commands_panel_test", ros::init_options::NoSigintHandler);
-    int result = 1;
-    {
-        QApplication app(argc, argv);
-        auto visualizationFrame = std::make_unique<rviz::VisualizationFrame>();
-        visualizationFrame->initialize();
-        visualizationFrame->setGeometry(0, 0, 1600, 1000);
-        visualizationFrame->show();
-        frame = visualizationFrame.get();
-        result = RUN_ALL_TESTS();
-        frame = nullptr;
-    }
-    ros::shutdown();
-    return result;
+    return test_support::WithRvizFrame(
+        argc, argv, "remote_commands_panel_test",
+        [](rviz::VisualizationFrame& visualizationFrame, test_support::VirtualDisplay& virtualDisplay) {
+            visualizationFrame.setGeometry(0, 0, 1600, 1000);
+            frame = &visualizationFrame;
+            display = &virtualDisplay;
+            const int result = RUN_ALL_TESTS();
+            frame = nullptr;
+            return result;
+        });
 }
