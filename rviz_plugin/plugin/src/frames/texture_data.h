@@ -16,6 +16,11 @@ struct Param {
     int width = 0;
     int height = 0;
     int format = -1;
+
+    bool operator==(const Param& other) const
+    {
+        return width == other.width && height == other.height && format == other.format;
+    }
 };
 
 // The scaler of one texture and the sizes it worked with last.

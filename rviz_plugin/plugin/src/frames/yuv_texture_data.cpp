@@ -37,6 +37,9 @@ void YuvTextureData::SetFrameData(AVFrame* source)
 
 bool YuvTextureData::Init(const Param& source, const Param& target, TransformCore& core)
 {
+    if (core.context != nullptr && core.source == source && core.target == target) {
+        return true;  // the scaler of the last picture fits this one
+    }
     if (core.context != nullptr) {
         ExternSwsFreeContext(core.context);
         core.context = nullptr;

@@ -4,6 +4,7 @@
 
 #include <OgreDataStream.h>
 #include <OgreException.h>
+#include <OgreHardwarePixelBuffer.h>
 #include <OgreResourceGroupManager.h>
 #include <OgreTextureManager.h>
 
@@ -64,12 +65,16 @@ void ImageTexture::ConvertImageTexture()
 
 void ImageTexture::SaveTextureInformationIntoCache()
 {
+    // The converted picture moves into the backlog; the oldest buffer there becomes the next
+    // conversion target, so pictures are neither copied nor reallocated while the size holds.
     headerCache.push_back(header);
-    bufferCache.push_back(pixelBuffer);
+    bufferCache.push_back(std::move(pixelBuffer));
+    pixelBuffer.clear();
     while (headerCache.size() > imageBacklog) {
         headerCache.pop_front();
     }
     while (bufferCache.size() > imageBacklog) {
+        pixelBuffer = std::move(bufferCache.front());
         bufferCache.pop_front();
     }
 }
@@ -81,15 +86,22 @@ bool ImageTexture::Update()
         return false;
     }
     newImage = false;
-    if (!converted || pixelBuffer.empty()) {
+    if (!converted || bufferCache.empty() || bufferCache.back().empty()) {
         return false;
     }
+    std::vector<uint8_t>& pixels = bufferCache.back();
     try {
-        Ogre::DataStreamPtr stream(new Ogre::MemoryDataStream(pixelBuffer.data(), pixelBuffer.size()));
-        Ogre::Image image;
-        image.loadRawData(stream, width, height, 1, pixelFormat);
-        texture->unload();
-        texture->loadImage(image);
+        if (texture->getSrcWidth() == width && texture->getSrcHeight() == height &&
+            texture->getSrcFormat() == pixelFormat) {
+            // Same size and format: the pixels are written into the texture there is.
+            texture->getBuffer()->blitFromMemory(Ogre::PixelBox(width, height, 1, pixelFormat, pixels.data()));
+        } else {
+            Ogre::DataStreamPtr stream(new Ogre::MemoryDataStream(pixels.data(), pixels.size()));
+            Ogre::Image image;
+            image.loadRawData(stream, width, height, 1, pixelFormat);
+            texture->unload();
+            texture->loadImage(image);
+        }
     } catch (const Ogre::Exception& exception) {
         Orsa::Logger::GetInstance().WriteLog("KoraVision", Orsa::LogLevel::Error,
                                              "Error loading image: " + exception.getDescription());

@@ -14,6 +14,7 @@
 #include "frames/yuv_texture_data.h"
 #include "kora_vision/image_property.h"
 #include "kora_vision/image_render.h"
+#include "kora_vision/image_texture.h"
 #include "kora_vision/non_interactive_render_panel.h"
 #include "kora_vision/kora_vision_display.h"
 #include "kora_vision/kora_vision_property.h"
@@ -29,6 +30,8 @@
 #include "widgets/title_bar_base.h"
 
 #include <gtest/gtest.h>
+
+#include <OgreHardwarePixelBuffer.h>
 
 #include <QApplication>
 #include <QLabel>
@@ -56,6 +59,8 @@
 #include <rviz/visualization_manager.h>
 #include <ros/ros.h>
 
+#include <array>
+#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <iostream>
@@ -574,6 +579,73 @@ TEST_F(KoraVisionDisplayTest, RendererKeepsTheLastGoodPictureAndCropsAsSet)
     render->Clear();
     EXPECT_EQ(render->GetImageTextureSize(), idle);
     EXPECT_FALSE(render->HasShownFrame());
+}
+
+// A picture of one colour given in limited-range YUV.
+std::shared_ptr<rviz_plugin::YuvTextureData> Plain(int width, int height, uint8_t y, uint8_t u, uint8_t v)
+{
+    auto picture = Picture(width, height);
+    AVFrame* frame = picture->GetAvFrame();
+    for (int row = 0; row < height; ++row) {
+        std::memset(frame->data[0] + row * frame->linesize[0], y, static_cast<std::size_t>(width));
+    }
+    for (int row = 0; row < height / 2; ++row) {
+        std::memset(frame->data[1] + row * frame->linesize[1], u, static_cast<std::size_t>(width / 2));
+        std::memset(frame->data[2] + row * frame->linesize[2], v, static_cast<std::size_t>(width / 2));
+    }
+    return picture;
+}
+
+// The texture's GL name and its pixels read back, as blue, green, red.
+unsigned TextureName(const Ogre::TexturePtr& texture)
+{
+    unsigned name = 0;
+    texture->getCustomAttribute("GLID", &name);
+    return name;
+}
+
+std::array<int, 3> CentrePixel(const Ogre::TexturePtr& texture)
+{
+    std::vector<uint8_t> pixels(texture->getWidth() * texture->getHeight() * 3);
+    texture->getBuffer()->blitToMemory(
+        Ogre::PixelBox(texture->getWidth(), texture->getHeight(), 1, Ogre::PF_R8G8B8, pixels.data()));
+    const std::size_t centre = (texture->getHeight() / 2 * texture->getWidth() + texture->getWidth() / 2) * 3;
+    return {pixels[centre], pixels[centre + 1], pixels[centre + 2]};
+}
+
+TEST_F(KoraVisionDisplayTest, FramesOfOneSizeAreWrittenIntoTheTextureThereIs)
+{
+    rviz_plugin::ImageTexture texture;
+    const auto show = [&texture](const std::shared_ptr<rviz_plugin::YuvTextureData>& picture, unsigned window) {
+        texture.AddMessage(picture, window, window);
+        texture.ConvertImageTexture();
+        return texture.Update();
+    };
+    // Red, then blue at the same size: one texture, the second picture's pixels in it.
+    ASSERT_TRUE(show(Plain(320, 180, 81, 90, 240), 1000));
+    const unsigned name = TextureName(texture.GetTexture());
+    EXPECT_NE(name, 0U);
+    EXPECT_EQ(texture.GetTexture()->getWidth(), 320U);
+    const std::array<int, 3> red = CentrePixel(texture.GetTexture());
+    EXPECT_GT(red[2], 200);
+    EXPECT_LT(red[0], 40);
+    for (int round = 0; round < 5; ++round) {
+        ASSERT_TRUE(show(Plain(320, 180, 41, 240, 110), 1000));
+        EXPECT_EQ(TextureName(texture.GetTexture()), name) << "the texture was made again for a picture of its size";
+    }
+    const std::array<int, 3> blue = CentrePixel(texture.GetTexture());
+    EXPECT_GT(blue[0], 200);
+    EXPECT_LT(blue[2], 40);
+    // A smaller window: the texture takes the new size and the picture.
+    ASSERT_TRUE(show(Plain(320, 180, 81, 90, 240), 160));
+    EXPECT_EQ(texture.GetTexture()->getWidth(), 160U);
+    EXPECT_EQ(texture.GetTexture()->getHeight(), 90U);
+    EXPECT_GT(CentrePixel(texture.GetTexture())[2], 200);
+    // Clear shows the idle picture again, and the next frame its own pixels.
+    texture.Clear();
+    EXPECT_EQ(texture.GetWidth(), texture.GetTexture()->getWidth());
+    ASSERT_TRUE(show(Plain(320, 180, 41, 240, 110), 1000));
+    EXPECT_GT(CentrePixel(texture.GetTexture())[0], 200);
 }
 
 TEST_F(KoraVisionDisplayTest, WallTitleBarOpensTheDecodingEvaluation)
