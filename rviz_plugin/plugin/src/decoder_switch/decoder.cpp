@@ -213,6 +213,27 @@ int Decoder::AvcodecDecoding(const boost::shared_ptr<custom::Video>& msg, std::s
         LogError("Failed to send data to AVPacket. FFmpeg error type: " + GetErrorMessage(sent) + userGuideHint);
         return decodeError;
     }
+    return ReceivePicture(target);
+}
+
+int Decoder::Drain(std::shared_ptr<YuvTextureData>& target)
+{
+    if (!isInitialized || target == nullptr || target->GetAvFrame() == nullptr) {
+        return decodeError;
+    }
+    if (!isDraining) {
+        isDraining = true;
+        const int sent = ExternAvcodecSendPacket(codecContext, nullptr);
+        if (sent < 0) {
+            LogError("Failed to send data to AVPacket. FFmpeg error type: " + GetErrorMessage(sent) + userGuideHint);
+            return decodeError;
+        }
+    }
+    return ReceivePicture(target);
+}
+
+int Decoder::ReceivePicture(std::shared_ptr<YuvTextureData>& target)
+{
     const int received = ExternAvcodecReceiveFrame(codecContext, GetFrameInDecoder(target));
     if (received == AVERROR(EAGAIN) || received == AVERROR_EOF) {
         return noPictureYet;

@@ -36,6 +36,9 @@ public:
 
     virtual int Initialize();
     virtual int Decode(const boost::shared_ptr<custom::Video>& msg, std::shared_ptr<YuvTextureData>& frame);
+    // The pictures the decoder still holds, one per call, after which it takes no more units:
+    // decodedPicture while there are some, then noPictureYet.
+    int Drain(std::shared_ptr<YuvTextureData>& frame);
     virtual bool GetIsInitialized() const { return isInitialized; }
 
     std::string GetErrorMessage(int code) const;
@@ -47,6 +50,8 @@ protected:
     virtual int InitializeCore() = 0;
     virtual int InitializeStorage();
     virtual int AvcodecDecoding(const boost::shared_ptr<custom::Video>& msg, std::shared_ptr<YuvTextureData>& frame);
+    // The next picture out of the codec into frame.
+    int ReceivePicture(std::shared_ptr<YuvTextureData>& frame);
     virtual int CopyFrameToMemory(std::shared_ptr<YuvTextureData>& frame) = 0;
     virtual AVFrame* GetFrameInDecoder(std::shared_ptr<YuvTextureData> frame) const = 0;
     virtual int InitializeStructure();
@@ -67,6 +72,7 @@ protected:
     std::shared_ptr<CustomAvFrameData> customAvFrameData;
     AVDictionary* options = nullptr;
     bool isInitialized = false;
+    bool isDraining = false;
     std::string unknownErrorName = "UNKNOWN";
     std::map<int, std::string> errorNames;
 };

@@ -11,6 +11,7 @@ int SoftwareDecoder::InitializeCore()
         return initFailure;
     }
     codecContext->thread_count = threadCount;
+    codecContext->thread_type = frameThreading ? FF_THREAD_FRAME : FF_THREAD_SLICE;
     ExternAvDictSet(&options, "preset", "ultrafast", 0);
     ExternAvDictSet(&options, "tune", "zero-latency", 0);
     return initSuccess;

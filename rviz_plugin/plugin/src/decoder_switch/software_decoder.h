@@ -10,6 +10,8 @@ class SoftwareDecoder : public Decoder {
 public:
     ~SoftwareDecoder() override = default;
     void SetThreadCount(int count) { threadCount = count; }
+    // Frame threads instead of slice threads: faster, but each extra thread holds a picture back.
+    void SetFrameThreading(bool frames) { frameThreading = frames; }
 
 protected:
     int InitializeCore() override;
@@ -18,6 +20,7 @@ protected:
 
 private:
     int threadCount = 4;
+    bool frameThreading = false;
 };
 
 } // namespace rviz_plugin

@@ -150,6 +150,7 @@ int VideoDecoder::CreateDecoder(std::unique_ptr<Decoder> created, int type)
 {
     decoderType = type;
     decoder = std::move(created);
+    threading.Reset();
     decoder->Initialize();
     const bool initialized = decoder->GetIsInitialized();
     decoderInfo.resultCode = initialized ? type : -type;
@@ -169,13 +170,18 @@ std::unique_ptr<Decoder> VideoDecoder::MakeDecoder(int mode, int& type)
         nvidia->SetHwDeviceType(AV_HWDEVICE_TYPE_CUDA);
         return nvidia;
     }
-    default: {
+    default:
         type = custom::DecoderInfo::SOFTWARE_DECODER;
-        auto software = std::make_unique<SoftwareDecoder>();
-        software->SetThreadCount(softwareThreadCount);
-        return software;
+        return MakeSoftwareDecoder(false);
     }
-    }
+}
+
+std::unique_ptr<Decoder> VideoDecoder::MakeSoftwareDecoder(bool frameThreads)
+{
+    auto software = std::make_unique<SoftwareDecoder>();
+    software->SetThreadCount(softwareThreadCount);
+    software->SetFrameThreading(frameThreads);
+    return software;
 }
 
 int VideoDecoder::InitializeDecoder()
@@ -247,6 +253,7 @@ void VideoDecoder::ProcessVideoMsg()
         for (;;) {
             VideoMessagePtr msg;
             std_msgs::Header received;
+            std::size_t waiting = 0;
             {
                 std::unique_lock<std::mutex> lock(queueMutex);
                 queueCondition.wait(lock, [this]() { return !isRunning || !videoQueue.empty(); });
@@ -255,12 +262,13 @@ void VideoDecoder::ProcessVideoMsg()
                 }
                 msg = videoQueue.front();
                 videoQueue.pop_front();
+                waiting = videoQueue.size();
                 if (!receivedTimeQueue.empty()) {
                     received = receivedTimeQueue.front();
                     receivedTimeQueue.pop_front();
                 }
             }
-            DecodeFrame(msg, received);
+            DecodeFrame(msg, received, waiting);
         }
     } catch (const std::exception& exception) {
         Orsa::LogUnexpectedException("KoraVision", exception.what());
@@ -269,8 +277,13 @@ void VideoDecoder::ProcessVideoMsg()
     }
 }
 
-void VideoDecoder::DecodeFrame(const VideoMessagePtr& msg, const std_msgs::Header& receivedHeader)
+void VideoDecoder::DecodeFrame(const VideoMessagePtr& msg, const std_msgs::Header& receivedHeader,
+                               std::size_t waiting)
 {
+    if (decoderType == custom::DecoderInfo::SOFTWARE_DECODER &&
+        threading.Next(waiting, VideoFrameRules::IsReceivingKeyFrame(msg))) {
+        SwitchSoftwareThreading();
+    }
     auto frame = std::make_shared<YuvTextureData>();
     frame->SetReceivedTime(receivedHeader);
     int result = Decoder::decodeError;
@@ -279,17 +292,50 @@ void VideoDecoder::DecodeFrame(const VideoMessagePtr& msg, const std_msgs::Heade
         decoder->SetCustomAvFrameData(customAvFrameData);
         result = decoder->Decode(msg, frame);
     }
-    if (result == Decoder::noPictureYet) {
-        PushBounded(headerQueue, msg->header, maxHeaderQueueLength);
+    if (result != Decoder::noPictureYet && result != Decoder::decodedPicture) {
         return;
     }
-    if (result != Decoder::decodedPicture) {
-        return;
-    }
-    // Pictures leave the decoder behind their packets: the oldest queued header is this picture's.
     PushBounded(headerQueue, msg->header, maxHeaderQueueLength);
-    std_msgs::Header header = headerQueue.front();
-    headerQueue.pop_front();
+    if (result == Decoder::decodedPicture) {
+        DeliverPicture(frame);
+    }
+}
+
+void VideoDecoder::SwitchSoftwareThreading()
+{
+    std::unique_ptr<Decoder> software = MakeSoftwareDecoder(threading.FrameThreads());
+    software->Initialize();
+    if (!software->GetIsInitialized()) {
+        return;  // the decoder there is goes on
+    }
+    for (;;) {
+        auto frame = std::make_shared<YuvTextureData>();
+        int result = Decoder::decodeError;
+        {
+            std::lock_guard<std::mutex> lock(decoderMutex);
+            decoder->SetCustomAvFrameData(customAvFrameData);
+            result = decoder->Drain(frame);
+        }
+        if (result != Decoder::decodedPicture) {
+            break;
+        }
+        DeliverPicture(frame);
+    }
+    std::lock_guard<std::mutex> lock(decoderMutex);
+    decoder = std::move(software);
+    Orsa::Logger::GetInstance().WriteLog(
+        "KoraVision", Orsa::LogLevel::Debug,
+        topic.toStdString() + ": software decoding on " + (threading.FrameThreads() ? "frame" : "slice") + " threads");
+}
+
+void VideoDecoder::DeliverPicture(const std::shared_ptr<YuvTextureData>& frame)
+{
+    // Pictures leave the decoder behind their packets: the oldest queued header is this picture's.
+    std_msgs::Header header;
+    if (!headerQueue.empty()) {
+        header = headerQueue.front();
+        headerQueue.pop_front();
+    }
     frame->SetFrameHeader(header);
     SendImage(frame);
 

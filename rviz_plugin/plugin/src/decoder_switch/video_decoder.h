@@ -2,6 +2,7 @@
 #define RVIZ_PLUGIN_VIDEO_DECODER_H
 
 #include "custom_av_frame_data.h"
+#include "decode_threading.h"
 #include "decoder.h"
 #include "video_frame_rules.h"
 
@@ -56,6 +57,8 @@ public:
     void RemoveQueueSizeRecord(int size);
     int GetMaxQueueSizeFromRecord() const;
     void AddIppNode(ImageCacheNode* node);
+    // When the software decoder changes between slice and frame threads; before the first unit.
+    void SetDecodeThreadingSettings(const DecodeThreading::Settings& settings) { threading = DecodeThreading(settings); }
     void RemoveIppNode(unsigned nodeNumber);
     void UpdateDecoderSelection();
     void UpdateDecoderStatus();
@@ -72,6 +75,8 @@ public:
     // A decoder of a selection mode (0 software, 1 Intel, 2 NVIDIA), not yet initialised; type is
     // its decoder type (1, 2, 3).
     static std::unique_ptr<Decoder> MakeDecoder(int mode, int& type);
+    // A software decoder, not yet initialised, on frame or slice threads.
+    static std::unique_ptr<Decoder> MakeSoftwareDecoder(bool frameThreads);
     // Threads of a software decoder.
     static constexpr int softwareThreadCount = 4;
     static const QMap<int, QString>& StatusTexts();
@@ -92,7 +97,11 @@ private:
     int GetDecodingState(const VideoMessagePtr& msg);
     void ResetVideoDecoder();
     void ProcessVideoMsg();
-    void DecodeFrame(const VideoMessagePtr& msg, const std_msgs::Header& receivedHeader);
+    void DecodeFrame(const VideoMessagePtr& msg, const std_msgs::Header& receivedHeader, std::size_t waiting);
+    // Hands a picture on with the oldest header of the units still in the decoder.
+    void DeliverPicture(const std::shared_ptr<YuvTextureData>& frame);
+    // A software decoder with the threads DecodeThreading asks for, after the pictures of the old one.
+    void SwitchSoftwareThreading();
     void SendImage(const std::shared_ptr<YuvTextureData>& frame);
     int InitializeDecoder();
     int CreateDecoder(std::unique_ptr<Decoder> created, int type);
@@ -109,6 +118,7 @@ private:
     bool isRunning = false;
     bool waitingForKeyFrame = true;
     std::unique_ptr<Decoder> decoder;
+    DecodeThreading threading;
     std::deque<VideoMessagePtr> videoQueue;
     std::condition_variable queueCondition;
     std::mutex queueMutex;

@@ -337,6 +337,37 @@ TEST_F(VideoPipeline, StreamJoinedMidGroupShowsNothingUntilTheFirstKeyFrame)
     decoder->RemoveIppNode(7);
 }
 
+// A burst the decoder cannot keep up with on slice threads moves it to frame threads at the next
+// key frame, and a calm back to slice threads; the pictures the old decoder held come out first, so
+// none is lost or reordered.
+TEST_F(VideoPipeline, BurstMovesToFrameThreadsAndCalmBackWithoutLosingAPicture)
+{
+    auto decoder = MakeDecoder("pipeline_burst", custom::DecoderInfo::SOFTWARE_DECODING_MODE);
+    ASSERT_TRUE(decoder->IsRunning());
+    decoder->SetDecodeThreadingSettings({3, 5});
+    RecordingNode node;
+    decoder->AddIppNode(&node);
+    for (uint32_t i = 0; i < 29; ++i) {
+        decoder->RecvVideoMsg(Message(Stream()[i], i));
+    }
+    // Frame threads hold three pictures back until more units come; the slice threads before them none.
+    ASSERT_TRUE(test_support::WaitFor([&]() { return node.Count() >= 26; }, 10s)) << node.Count();
+    // Then the stream at its own pace, on the new decoder.
+    for (uint32_t i = 29; i < 60; ++i) {
+        decoder->RecvVideoMsg(Message(Stream()[i], i));
+        // The unit's picture (or, on frame threads, the one three before) is out: nothing waits.
+        ASSERT_TRUE(test_support::WaitFor([&]() { return node.Count() + 2 >= i; }, 5s));
+    }
+    // Calm from there: slice threads again at key frame 45, after the three pictures held back.
+    ASSERT_TRUE(test_support::WaitFor([&]() { return node.Count() >= 60; }, 10s)) << node.Count();
+    const auto frames = node.Frames();
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        EXPECT_EQ(frames[i]->GetFrameHeader().seq, i) << "picture " << i;
+        EXPECT_EQ(frames[i]->GetAvFrame()->width, width);
+    }
+    decoder->RemoveIppNode(7);
+}
+
 TEST_F(VideoPipeline, ResetCommandWaitsForTheNextKeyFrame)
 {
     auto decoder = MakeDecoder("pipeline_reset", custom::DecoderInfo::SOFTWARE_DECODING_MODE);
