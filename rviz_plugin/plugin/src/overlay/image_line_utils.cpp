@@ -98,7 +98,7 @@ void ImageLineUtils::Draw(cv::Mat& image, const IppConfig& config, const custom:
     PrintImageLineArrayStatus(status);
 }
 
-bool ImageLineUtils::GetImageLineStatus(const cv::Mat& image, const custom::ImageLine& line, signed char& status) const
+bool ImageLineUtils::GetImageLineStatus(const cv::Mat& /*image*/, const custom::ImageLine& line, signed char& status) const
 {
     if (line.a == 0 && line.b == 0 && line.c == 0 && line.d == 0) {
         RefreshImageUtilStatus(status, zeroCoefficients);
@@ -189,13 +189,13 @@ void ImageLineUtils::DrawLabelForLines(cv::Mat& image, const IppConfig& config, 
     if (!IsDrawableCoordinate(x, image)) {
         return;
     }
-    int rowHeight = 0;
-    const cv::Size label = GetMultiRowsLabelBackgroundSize(rows, properties, rowHeight);
+    const LabelStrips::Strip& strip = labelStrips.Get(rows, properties);
+    const cv::Size& label = strip.size;
     cv::Point position = RoundPoint(x + labelOffset, middle - labelOffset - label.height);
     if (position.x + label.width > image.cols || position.y < 0) {
         position = RoundPoint(x - labelOffset - label.width, middle + labelOffset);
     }
-    DrawLabel(image, rows, position, label, rowHeight, properties);
+    LabelStrips::Put(image, strip, rows, position, properties);
 }
 
 } // namespace ImageUtils

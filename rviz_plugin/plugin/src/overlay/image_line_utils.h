@@ -2,6 +2,7 @@
 #define RVIZ_PLUGIN_IMAGE_LINE_UTILS_H
 
 #include "image_utils.h"
+#include "label_strips.h"
 
 #include <custom/ImageLineArray.h>
 
@@ -41,6 +42,8 @@ private:
                            DisplayProperties& properties) const;
 
     std::map<signed char, QString> statusTexts;
+    // The painter's labels, kept across frames (Draw runs on one overlay thread).
+    mutable LabelStrips labelStrips;
 };
 
 } // namespace ImageUtils

@@ -80,7 +80,7 @@ void ImageObjectUtils::DrawObject(cv::Mat& image, const IppConfig& config, const
     }
     DisplayProperties properties;
     ParseDisplayProperties(config, object, notConfigured, properties);
-    DrawBoxWithLabel(image, object.boxImage, GetObjectLabels(config, object, notConfigured), properties);
+    DrawBoxWithLabel(image, object.boxImage, GetObjectLabels(config, object, notConfigured), properties, labelStrips);
 }
 
 void ImageObjectUtils::DrawObjectPolygon(cv::Mat& image, const IppConfig& config, const custom::Object& object,
@@ -114,7 +114,7 @@ void ImageObjectUtils::DrawObjectPolygon(cv::Mat& image, const IppConfig& config
         return;
     }
     cv::polylines(image, polygon, true, properties.boxColor, properties.lineThickness, cv::LINE_AA);
-    DrawLabelForPolygon(image, GetObjectLabels(config, object, notConfigured), polygon, properties);
+    DrawLabelForPolygon(image, GetObjectLabels(config, object, notConfigured), polygon, properties, labelStrips);
 }
 
 std::vector<std::string> ImageObjectUtils::GetObjectLabels(const IppConfig& config, const custom::Object& object,

@@ -2,6 +2,7 @@
 #define RVIZ_PLUGIN_IMAGE_OBJECT_UTILS_H
 
 #include "image_utils.h"
+#include "label_strips.h"
 
 #include <custom/ObjectArray.h>
 
@@ -35,6 +36,8 @@ private:
                                              bool notConfigured) const;
 
     std::map<signed char, QString> statusTexts;
+    // The painter's labels, kept across frames (Draw runs on one overlay thread).
+    mutable LabelStrips labelStrips;
 };
 
 } // namespace ImageUtils

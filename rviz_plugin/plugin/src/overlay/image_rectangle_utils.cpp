@@ -61,7 +61,7 @@ void ImageRectangleUtils::Draw(cv::Mat& image, const IppConfig& config, const cu
         const std::vector<std::string> rows =
             GetClassificationLabels(config.imageRectangleDisplay, notConfigured ? "not_configured" : found->second.text,
                                     rectangle.classificationConfidence, "", rectangle.textDisplay);
-        DrawBoxWithLabel(image, rectangle.rectImage, rows, properties);
+        DrawBoxWithLabel(image, rectangle.rectImage, rows, properties, labelStrips);
     }
     PrintImageRectangleArrayStatus(status);
 }

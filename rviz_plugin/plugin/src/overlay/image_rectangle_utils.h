@@ -2,6 +2,7 @@
 #define RVIZ_PLUGIN_IMAGE_RECTANGLE_UTILS_H
 
 #include "image_utils.h"
+#include "label_strips.h"
 
 #include <custom/ImageRectangleArray.h>
 
@@ -31,6 +32,8 @@ Q_SIGNALS:
 
 private:
     std::map<signed char, QString> statusTexts;
+    // The painter's labels, kept across frames (Draw runs on one overlay thread).
+    mutable LabelStrips labelStrips;
 };
 
 } // namespace ImageUtils

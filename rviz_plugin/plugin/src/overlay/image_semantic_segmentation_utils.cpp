@@ -34,7 +34,7 @@ const MaskTexts& SegmentationTexts()
 }
 } // namespace
 
-void ImageSemanticSegmentationUtils::Draw(cv::Mat& image, const IppConfig& config,
+bool ImageSemanticSegmentationUtils::Draw(cv::Mat& image, const IppConfig& config,
                                           const orsa_msgs::SemanticSegmentation& message, bool frameIdMatches) const
 {
     const auto setStatus = [this](rviz::StatusProperty::Level level, const QString& text) {
@@ -44,7 +44,7 @@ void ImageSemanticSegmentationUtils::Draw(cv::Mat& image, const IppConfig& confi
                                     message.classification.size(), setStatus,
                                     [this]() { Q_EMIT RemoveImageSemanticSegmentationStatus(statusKey); });
     if (!drawable) {
-        return;
+        return false;
     }
     const int interpolation = message.segmentationReservedByte;
     if (interpolation > maxInterpolation) {
@@ -53,7 +53,7 @@ void ImageSemanticSegmentationUtils::Draw(cv::Mat& image, const IppConfig& confi
                           "of 0 to %2. Check whether the SemanticSegmentation parameter is correctly set.")
                       .arg(interpolation)
                       .arg(maxInterpolation));
-        return;
+        return false;
     }
     ColorTable colors{};
     for (const auto& entry : config.semanticSegmentationClassifications) {
@@ -66,12 +66,13 @@ void ImageSemanticSegmentationUtils::Draw(cv::Mat& image, const IppConfig& confi
     const int height = static_cast<int>(message.height);
     if (interpolation == cv::INTER_NEAREST) {
         OverlayNearest(message.classification.data(), width, height, colors, false, image);
-        return;
+        return true;
     }
     const cv::Mat mask(height, width, CV_8UC1, const_cast<uint8_t*>(message.classification.data()));
     cv::Mat resized;
     cv::resize(mask, resized, image.size(), 0, 0, interpolation);
     OverlayNearest(resized.data, resized.cols, resized.rows, colors, false, image);
+    return true;
 }
 
 } // namespace ImageUtils

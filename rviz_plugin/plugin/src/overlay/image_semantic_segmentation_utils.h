@@ -20,7 +20,8 @@ namespace ImageUtils {
 class ImageSemanticSegmentationUtils : public QObject {
     Q_OBJECT
 public:
-    void Draw(cv::Mat& image, const IppConfig& config, const orsa_msgs::SemanticSegmentation& message,
+    // True when every pixel of the canvas was painted.
+    bool Draw(cv::Mat& image, const IppConfig& config, const orsa_msgs::SemanticSegmentation& message,
               bool frameIdMatches) const;
 
 Q_SIGNALS:

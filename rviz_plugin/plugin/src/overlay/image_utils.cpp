@@ -1,5 +1,7 @@
 #include "image_utils.h"
 
+#include "label_strips.h"
+
 #include "foundation/string_helpers.h"
 
 #include <opencv2/imgproc.hpp>
@@ -268,32 +270,32 @@ void DrawLabel(cv::Mat& image, const std::vector<std::string>& rows, const cv::P
 namespace {
 // Draws the label where place(labelSize, position) puts it; no label when there are no rows or no place.
 template <typename Place>
-void DrawLabelWhere(cv::Mat& image, const std::vector<std::string>& rows, DisplayProperties& properties, Place place)
+void DrawLabelWhere(cv::Mat& image, const std::vector<std::string>& rows, DisplayProperties& properties,
+                    LabelStrips& strips, Place place)
 {
     if (rows.empty()) {
         return;
     }
-    int rowHeight = 0;
-    const cv::Size label = GetMultiRowsLabelBackgroundSize(rows, properties, rowHeight);
+    const LabelStrips::Strip& label = strips.Get(rows, properties);
     cv::Point position;
-    if (place(label, position)) {
-        DrawLabel(image, rows, position, label, rowHeight, properties);
+    if (place(label.size, position)) {
+        LabelStrips::Put(image, label, rows, position, properties);
     }
 }
 } // namespace
 
 void DrawLabelForRectangle(cv::Mat& image, const std::vector<std::string>& rows, const cv::Rect& box,
-                           DisplayProperties& properties)
+                           DisplayProperties& properties, LabelStrips& strips)
 {
-    DrawLabelWhere(image, rows, properties, [&](const cv::Size& label, cv::Point& position) {
+    DrawLabelWhere(image, rows, properties, strips, [&](const cv::Size& label, cv::Point& position) {
         return GetLabelPositionForRectangle(image.cols, image.rows, box, label, position);
     });
 }
 
 void DrawLabelForPolygon(cv::Mat& image, const std::vector<std::string>& rows, const std::vector<cv::Point>& polygon,
-                         DisplayProperties& properties)
+                         DisplayProperties& properties, LabelStrips& strips)
 {
-    DrawLabelWhere(image, rows, properties, [&](const cv::Size& label, cv::Point& position) {
+    DrawLabelWhere(image, rows, properties, strips, [&](const cv::Size& label, cv::Point& position) {
         return GetLabelPositionForPolygon(image.cols, image.rows, polygon, label, position);
     });
 }
@@ -469,7 +471,7 @@ BoxCheck CheckBoxImage(const custom::BoxImage& box, const cv::Mat& /*image*/)
 }
 
 void DrawBoxWithLabel(cv::Mat& image, const custom::BoxImage& box, const std::vector<std::string>& rows,
-                      DisplayProperties& properties)
+                      DisplayProperties& properties, LabelStrips& strips)
 {
     // Edges beyond the canvas move onto the clip area's border, where they are not seen.
     const cv::Rect2d area = ClipArea(image, properties.lineThickness);
@@ -481,7 +483,7 @@ void DrawBoxWithLabel(cv::Mat& image, const custom::BoxImage& box, const std::ve
     const cv::Point size = RoundPoint(right - left, bottom - top);
     const cv::Rect rectangle(corner.x, corner.y, size.x, size.y);
     cv::rectangle(image, rectangle, properties.boxColor, properties.lineThickness, cv::LINE_AA);
-    DrawLabelForRectangle(image, rows, rectangle, properties);
+    DrawLabelForRectangle(image, rows, rectangle, properties, strips);
 }
 
 cv::Point RoundPoint(double x, double y)

@@ -22,6 +22,8 @@
 namespace rviz_plugin {
 namespace ImageUtils {
 
+class LabelStrips;
+
 struct DisplayProperties {
     int textThickness = 1;
     int lineThickness = 2;
@@ -95,10 +97,11 @@ void DrawMultiRowsLabelText(cv::Mat& image, const std::vector<std::string>& rows
 // Fills the label background at topLeft and writes the rows on it.
 void DrawLabel(cv::Mat& image, const std::vector<std::string>& rows, const cv::Point& topLeft,
                const cv::Size& labelSize, int rowHeight, const DisplayProperties& properties);
+// The label beside a box or a polygon, copied from strips.
 void DrawLabelForRectangle(cv::Mat& image, const std::vector<std::string>& rows, const cv::Rect& box,
-                           DisplayProperties& properties);
+                           DisplayProperties& properties, LabelStrips& strips);
 void DrawLabelForPolygon(cv::Mat& image, const std::vector<std::string>& rows, const std::vector<cv::Point>& polygon,
-                         DisplayProperties& properties);
+                         DisplayProperties& properties, LabelStrips& strips);
 
 // "%f" with four decimals kept; trailing zeros dropped when the fourth is 0, one decimal stays.
 std::string GetLabelNumberForDouble(double value);
@@ -131,7 +134,7 @@ enum class BoxCheck { Drawable, TooSmall, OutsideCanvas };
 BoxCheck CheckBoxImage(const custom::BoxImage& box, const cv::Mat& image);
 // The rectangle, rounded to pixels, and its label.
 void DrawBoxWithLabel(cv::Mat& image, const custom::BoxImage& box, const std::vector<std::string>& rows,
-                      DisplayProperties& properties);
+                      DisplayProperties& properties, LabelStrips& strips);
 bool IsDrawablePoint(double x, double y, const cv::Mat& image);
 cv::Point RoundPoint(double x, double y);
 

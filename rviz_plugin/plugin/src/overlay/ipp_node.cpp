@@ -8,6 +8,7 @@ extern "C" {
 #include <libavutil/frame.h>
 }
 
+#include <algorithm>
 #include <chrono>
 #include <limits>
 #include <system_error>
@@ -17,7 +18,6 @@ namespace rviz_plugin {
 namespace {
 const char* const failurePrefix = "An unexpected exception occurs during service processing. Check whether the data "
                                   "is correct.";
-constexpr int bytesPerPixel = 4;
 constexpr MessageId perceptionIds[] = {Objects, TrafficLights, RoadLines, Freespace, SemanticSegmentation,
                                        MarkerArray};
 
@@ -380,19 +380,13 @@ void IppNode::ProcessFrame(const std::shared_ptr<YuvTextureData>& image)
     Q_EMIT DetectedSingleFrameProcessingTime(elapsed.count());
 }
 
-boost::shared_ptr<sensor_msgs::Image> IppNode::GeneratePerceptionImage(const YuvTextureData& image) const
+boost::shared_ptr<sensor_msgs::Image> IppNode::GeneratePerceptionImage(const YuvTextureData& image)
 {
-    auto canvas = boost::make_shared<sensor_msgs::Image>();
-    canvas->header.frame_id = image.GetFrameHeader().frame_id;
     const AVFrame* frame = image.GetAvFrame();
-    if (frame != nullptr && frame->width > 0 && frame->height > 0) {
-        canvas->width = static_cast<uint32_t>(frame->width);
-        canvas->height = static_cast<uint32_t>(frame->height);
-    }
-    canvas->encoding = "bgra8";
-    canvas->is_bigendian = 0;
-    canvas->step = canvas->width * bytesPerPixel;
-    canvas->data.assign(static_cast<std::size_t>(canvas->step) * canvas->height, 0);
+    const bool sized = frame != nullptr && frame->width > 0 && frame->height > 0;
+    boost::shared_ptr<sensor_msgs::Image> canvas = canvasPool.Take(sized ? static_cast<uint32_t>(frame->width) : 0,
+                                                                   sized ? static_cast<uint32_t>(frame->height) : 0);
+    canvas->header.frame_id = image.GetFrameHeader().frame_id;
     return canvas;
 }
 
@@ -404,9 +398,12 @@ void IppNode::DrawToImage(sensor_msgs::Image& sensorImage)
     const auto matches = [&frameId](const std::string& messageFrameId) {
         return IsFrameIdMatch(frameId, messageFrameId);
     };
-    if (config.IsEnabled(SemanticSegmentation) && semanticSegmentation != nullptr) {
-        imageSemanticSegmentationUtils.Draw(image, config, *semanticSegmentation,
-                                            matches(semanticSegmentation->header.frame_id));
+    // The canvas holds its last frame's pixels: it is cleared unless the segmentation covers it.
+    const bool covered = config.IsEnabled(SemanticSegmentation) && semanticSegmentation != nullptr &&
+                         imageSemanticSegmentationUtils.Draw(image, config, *semanticSegmentation,
+                                                             matches(semanticSegmentation->header.frame_id));
+    if (!covered) {
+        std::fill(sensorImage.data.begin(), sensorImage.data.end(), 0);
     }
     if (config.IsEnabled(Freespace) && imageFreespace != nullptr) {
         imageFreespaceUtils.Draw(image, config, *imageFreespace, matches(imageFreespace->header.frame_id));

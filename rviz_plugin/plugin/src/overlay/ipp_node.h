@@ -1,6 +1,7 @@
 #ifndef RVIZ_PLUGIN_IPP_NODE_H
 #define RVIZ_PLUGIN_IPP_NODE_H
 
+#include "canvas_pool.h"
 #include "image_freespace_utils.h"
 #include "image_line_utils.h"
 #include "image_object_utils.h"
@@ -101,7 +102,7 @@ private:
     void DiscardOldMessages(const ros::Time& newest);
     void GetEnabledMessage();
     bool IsPerceptionDataExisted() const;
-    boost::shared_ptr<sensor_msgs::Image> GeneratePerceptionImage(const YuvTextureData& image) const;
+    boost::shared_ptr<sensor_msgs::Image> GeneratePerceptionImage(const YuvTextureData& image);
     void DrawToImage(sensor_msgs::Image& sensorImage);
     void LogProcessingFailure(const std::string& text);
 
@@ -128,6 +129,7 @@ private:
     uint64_t queueGeneration = 0;
     std::thread thread;
     IppConfig config;
+    CanvasPool canvasPool;
     ImageUtils::ImageObjectUtils imageObjectUtils;
     ImageUtils::ImageRectangleUtils imageRectangleUtils;
     ImageUtils::ImageLineUtils imageLineUtils;

@@ -1,6 +1,7 @@
 #include "mask_utils.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace rviz_plugin {
@@ -53,45 +54,75 @@ bool CheckMask(const cv::Mat& canvas, const MaskTexts& texts, bool frameIdMatche
     return true;
 }
 
+namespace {
+// count copies of word from target on, in doubling block copies.
+void FillWords(uint32_t* target, int count, uint32_t word)
+{
+    if (count <= 0) {
+        return;
+    }
+    target[0] = word;
+    int filled = 1;
+    while (filled < count) {
+        const int copied = std::min(filled, count - filled);
+        std::memcpy(target + filled, target, static_cast<std::size_t>(copied) * sizeof(uint32_t));
+        filled += copied;
+    }
+}
+} // namespace
+
 void OverlayNearest(const uint8_t* mask, int width, int height, const ColorTable& colors, bool skipZero,
                     cv::Mat& canvas)
 {
-    // Each mask column covers a run of canvas columns; the runs are found once and filled whole.
-    struct Run {
-        int source;
+    // The first canvas column of each mask column (the mask is never wider than the canvas, so every
+    // mask column has some), and the canvas width after the last.
+    std::vector<int> columnStart(static_cast<std::size_t>(width) + 1, canvas.cols);
+    const double columnScale = static_cast<double>(width) / canvas.cols;
+    for (int x = canvas.cols - 1; x >= 0; --x) {
+        columnStart[static_cast<std::size_t>(std::min(static_cast<int>(cvFloor(x * columnScale)), width - 1))] = x;
+    }
+    // The spans of one mask row: neighbouring columns of one value joined, zeros left out when
+    // skipped, so that only the pixels the mask paints are touched, a block at a time.
+    struct Span {
         int begin;
         int end;
+        uint8_t value;
     };
-    std::vector<Run> runs;
-    runs.reserve(static_cast<std::size_t>(width));
-    const double columnScale = static_cast<double>(width) / canvas.cols;
-    for (int x = 0; x < canvas.cols; ++x) {
-        const int source = std::min(static_cast<int>(cvFloor(x * columnScale)), width - 1);
-        if (runs.empty() || runs.back().source != source) {
-            runs.push_back({source, x, x + 1});
-        } else {
-            runs.back().end = x + 1;
-        }
+    std::vector<Span> spans;
+    std::array<uint32_t, 256> words{};
+    for (std::size_t value = 0; value < words.size(); ++value) {
+        std::memcpy(&words[value], colors[value].data(), sizeof(uint32_t));
     }
     const double rowScale = static_cast<double>(height) / canvas.rows;
     int previousSourceRow = -1;
     for (int y = 0; y < canvas.rows; ++y) {
         const int sourceRow = std::min(static_cast<int>(cvFloor(y * rowScale)), height - 1);
-        cv::Vec4b* target = canvas.ptr<cv::Vec4b>(y);
-        // Painting every pixel, a row that comes from the same mask row as the one above is a copy of it.
-        if (!skipZero && sourceRow == previousSourceRow) {
-            std::memcpy(target, canvas.ptr<cv::Vec4b>(y - 1), static_cast<std::size_t>(canvas.cols) * 4);
-            continue;
-        }
-        previousSourceRow = sourceRow;
-        const uint8_t* source = mask + static_cast<std::size_t>(sourceRow) * static_cast<std::size_t>(width);
-        for (const Run& run : runs) {
-            const uint8_t value = source[run.source];
-            if (value == 0 && skipZero) {
+        uint32_t* target = canvas.ptr<uint32_t>(y);
+        if (sourceRow == previousSourceRow) {
+            // Painting every pixel, a row that comes from the same mask row as the one above is a copy of it.
+            if (!skipZero) {
+                std::memcpy(target, canvas.ptr<uint32_t>(y - 1), static_cast<std::size_t>(canvas.cols) * 4);
                 continue;
             }
-            const cv::Vec4b color(colors[value][0], colors[value][1], colors[value][2], colors[value][3]);
-            std::fill(target + run.begin, target + run.end, color);
+        } else {
+            previousSourceRow = sourceRow;
+            const uint8_t* source = mask + static_cast<std::size_t>(sourceRow) * static_cast<std::size_t>(width);
+            spans.clear();
+            for (int column = 0; column < width;) {
+                const uint8_t value = source[column];
+                int next = column + 1;
+                while (next < width && source[next] == value) {
+                    ++next;
+                }
+                if (value != 0 || !skipZero) {
+                    spans.push_back({columnStart[static_cast<std::size_t>(column)],
+                                     columnStart[static_cast<std::size_t>(next)], value});
+                }
+                column = next;
+            }
+        }
+        for (const Span& span : spans) {
+            FillWords(target + span.begin, span.end - span.begin, words[span.value]);
         }
     }
 }

@@ -2,6 +2,7 @@
 // limits and statuses, and that a node waiting for a silent input sleeps.
 #include "frames/rgba_texture_data.h"
 #include "frames/yuv_texture_data.h"
+#include "overlay/canvas_pool.h"
 #include "overlay/ipp_node.h"
 
 #include <gtest/gtest.h>
@@ -302,4 +303,38 @@ TEST_F(IppNodeTest, BadPerceptionDataNeverEndsTheOverlayThread)
     const sensor_msgs::Image& last = *frames.back().canvas->GetSensorImage();
     EXPECT_EQ(last.data[3], 102) << "the good mask is painted";
     EXPECT_EQ(frames.front().canvas->GetSensorImage()->data[3], 0) << "the refused mask is not";
+}
+
+TEST(CanvasPool, CanvasesComeBackWithTheirPixelsUpToTheKeptNumber)
+{
+    auto pool = std::make_unique<CanvasPool>(2);
+    auto first = pool->Take(4, 2);
+    EXPECT_EQ(first->encoding, "bgra8");
+    EXPECT_EQ(first->step, 16U);
+    ASSERT_EQ(first->data.size(), 32U);
+    first->data[5] = 77;
+    const uint8_t* pixels = first->data.data();
+    first.reset();
+    EXPECT_EQ(pool->Idle(), 1U);
+    // The same canvas again, its pixels as they were: the painter decides whether to clear it.
+    auto again = pool->Take(4, 2);
+    EXPECT_EQ(again->data.data(), pixels);
+    EXPECT_EQ(again->data[5], 77);
+    EXPECT_EQ(pool->Idle(), 0U);
+    // Another size reuses the storage at the new size.
+    again.reset();
+    auto larger = pool->Take(8, 4);
+    EXPECT_EQ(larger->data.size(), 128U);
+    EXPECT_EQ(larger->width, 8U);
+    // Three in use, two kept when they come back.
+    auto second = pool->Take(8, 4);
+    auto third = pool->Take(8, 4);
+    larger.reset();
+    second.reset();
+    third.reset();
+    EXPECT_EQ(pool->Idle(), 2U);
+    // A canvas held by the renderer outlives the node's pool, and lets go of it on another thread.
+    auto held = pool->Take(8, 4);
+    pool.reset();
+    std::thread([canvas = std::move(held)]() mutable { canvas.reset(); }).join();
 }

@@ -5,9 +5,12 @@
 #include "overlay/image_object_utils.h"
 #include "overlay/image_rectangle_utils.h"
 #include "overlay/image_semantic_segmentation_utils.h"
+#include "overlay/label_strips.h"
 #include "overlay/marker_array_utils.h"
 
 #include <gtest/gtest.h>
+
+#include <opencv2/core.hpp>
 
 #include <chrono>
 #include <cmath>
@@ -584,4 +587,70 @@ TEST(OverlayMarkers, ChecksSkipTheMarkerWithItsStatus)
     painter.DrawMarkerArray(canvas, config, fixed, true);
     EXPECT_TRUE(statuses.Text("markers[0]").isEmpty());
     EXPECT_TRUE(statuses.Text("MarkerArray").isEmpty());
+}
+
+// A canvas of noise: whatever a label covers or blends with shows in a comparison.
+cv::Mat Noise(int width, int height)
+{
+    cv::Mat canvas(height, width, CV_8UC4);
+    cv::randu(canvas, cv::Scalar::all(0), cv::Scalar::all(256));
+    return canvas;
+}
+
+TEST(OverlayLabels, CopiedLabelsAreExactlyWhatDrawingGives)
+{
+    LabelStrips strips;
+    const std::vector<std::vector<std::string>> labels = {
+        {"car 0.57"}, {"pedestrian 0.9", "ObjectID: 12 TrackID: 7"}, {"gjpqy|_ 1.0"}, {"W"}};
+    const std::vector<cv::Scalar> colours = {{0, 128, 255, 255}, {40, 40, 40, 255}, {250, 250, 250, 255}};
+    // Inside the canvas, and cut at each edge and corner.
+    const std::vector<cv::Point> places = {{50, 60}, {-20, 100}, {300, -8}, {610, 330}, {-5, -5}};
+    for (const auto& rows : labels) {
+        for (const cv::Scalar& colour : colours) {
+            for (const cv::Point& place : places) {
+                cv::Mat drawn = Noise(640, 360);
+                cv::Mat copied = drawn.clone();
+                DisplayProperties direct;
+                direct.boxColor = colour;
+                int rowHeight = 0;
+                const cv::Size size = GetMultiRowsLabelBackgroundSize(rows, direct, rowHeight);
+                DrawLabel(drawn, rows, place, size, rowHeight, direct);
+
+                DisplayProperties cached;
+                cached.boxColor = colour;
+                const LabelStrips::Strip& strip = strips.Get(rows, cached);
+                EXPECT_EQ(strip.size, size);
+                EXPECT_EQ(cached.baseline, direct.baseline);
+                LabelStrips::Put(copied, strip, rows, place, cached);
+                EXPECT_EQ(cv::norm(drawn, copied, cv::NORM_INF), 0) << rows.front() << " at " << place;
+            }
+        }
+    }
+    // Each label and colour drawn once.
+    EXPECT_EQ(strips.Size(), labels.size() * colours.size());
+}
+
+TEST(OverlayLabels, TextReachingOutOfItsBoxIsDrawnEveryTimeAndTheKeptLabelsHaveALimit)
+{
+    LabelStrips strips(2);
+    // Thick text spills out of the box measured for it: it cannot be copied, and still comes out as drawn.
+    DisplayProperties thick;
+    thick.boxColor = cv::Scalar(0, 0, 255, 255);
+    thick.textThickness = 6;
+    const std::vector<std::string> rows = {"WWW"};
+    const LabelStrips::Strip& strip = strips.Get(rows, thick);
+    EXPECT_TRUE(strip.pixels.empty());
+    cv::Mat drawn = Noise(200, 100);
+    cv::Mat put = drawn.clone();
+    DrawLabel(drawn, rows, {20, 20}, strip.size, strip.rowHeight, thick);
+    LabelStrips::Put(put, strip, rows, {20, 20}, thick);
+    EXPECT_EQ(cv::norm(drawn, put, cv::NORM_INF), 0);
+
+    DisplayProperties plain;
+    plain.boxColor = cv::Scalar(0, 255, 0, 255);
+    strips.Get({"a"}, plain);
+    EXPECT_EQ(strips.Size(), 2U);
+    // A third label: the kept ones are dropped, then it is kept.
+    strips.Get({"b"}, plain);
+    EXPECT_EQ(strips.Size(), 1U);
 }
