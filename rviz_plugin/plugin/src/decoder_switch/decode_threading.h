@@ -5,17 +5,17 @@
 
 namespace rviz_plugin {
 
-// How one stream's software decoder uses its threads. Slice threads share the work of one picture
-// and keep no picture back; frame threads decode several pictures at once, faster, but each extra
-// thread holds a picture back (a frame interval of latency each). A stream starts on slice threads
+// How one stream's software decoder uses threads. One thread keeps no picture back and spends
+// nothing on handing work over; frame threads decode several pictures at once, faster, but each
+// extra thread holds a picture back (a frame interval of latency each). A stream starts on one thread
 // and moves to frame threads at a key frame once its queue shows it needs more than one core; after a
-// long calm it tries slice threads again.
+// long calm it tries one thread again.
 class DecodeThreading {
 public:
     struct Settings {
         // Access units still waiting when one is taken that mean the decoder is falling behind.
         std::size_t behindQueueLength = 3;
-        // Pictures taken with nothing waiting, on frame threads, before slice threads are tried again.
+        // Units taken with nothing waiting, on frame threads, before one thread is tried again.
         unsigned calmUnits = 900;
     };
 
@@ -26,7 +26,7 @@ public:
     // when the decoder is to be rebuilt before this unit (always a key frame) with FrameThreads().
     bool Next(std::size_t waiting, bool keyFrame);
     bool FrameThreads() const { return frameThreads; }
-    // A new stream (a reset or another decoder): slice threads again.
+    // A new stream (a reset or another decoder): one thread again.
     void Reset();
 
 private:

@@ -10,8 +10,9 @@ int SoftwareDecoder::InitializeCore()
     if (InitializeHevcDecoder() != initSuccess || InitializeHevcDecoderContext() != initSuccess) {
         return initFailure;
     }
-    codecContext->thread_count = threadCount;
-    codecContext->thread_type = frameThreading ? FF_THREAD_FRAME : FF_THREAD_SLICE;
+    // One thread keeps no picture back and spends nothing on handing work between threads.
+    codecContext->thread_count = frameThreading ? threadCount : 1;
+    codecContext->thread_type = FF_THREAD_FRAME;
     ExternAvDictSet(&options, "preset", "ultrafast", 0);
     ExternAvDictSet(&options, "tune", "zero-latency", 0);
     return initSuccess;

@@ -10,7 +10,8 @@ class SoftwareDecoder : public Decoder {
 public:
     ~SoftwareDecoder() override = default;
     void SetThreadCount(int count) { threadCount = count; }
-    // Frame threads instead of slice threads: faster, but each extra thread holds a picture back.
+    // The thread count's frame threads instead of one thread: faster, but each extra thread holds a
+    // picture back.
     void SetFrameThreading(bool frames) { frameThreading = frames; }
 
 protected:

@@ -325,7 +325,7 @@ void VideoDecoder::SwitchSoftwareThreading()
     decoder = std::move(software);
     Orsa::Logger::GetInstance().WriteLog(
         "KoraVision", Orsa::LogLevel::Debug,
-        topic.toStdString() + ": software decoding on " + (threading.FrameThreads() ? "frame" : "slice") + " threads");
+        topic.toStdString() + ": software decoding on " + (threading.FrameThreads() ? "frame threads" : "one thread"));
 }
 
 void VideoDecoder::DeliverPicture(const std::shared_ptr<YuvTextureData>& frame)

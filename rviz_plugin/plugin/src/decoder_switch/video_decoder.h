@@ -57,7 +57,7 @@ public:
     void RemoveQueueSizeRecord(int size);
     int GetMaxQueueSizeFromRecord() const;
     void AddIppNode(ImageCacheNode* node);
-    // When the software decoder changes between slice and frame threads; before the first unit.
+    // When the software decoder changes between one thread and frame threads; before the first unit.
     void SetDecodeThreadingSettings(const DecodeThreading::Settings& settings) { threading = DecodeThreading(settings); }
     void RemoveIppNode(unsigned nodeNumber);
     void UpdateDecoderSelection();
@@ -75,7 +75,7 @@ public:
     // A decoder of a selection mode (0 software, 1 Intel, 2 NVIDIA), not yet initialised; type is
     // its decoder type (1, 2, 3).
     static std::unique_ptr<Decoder> MakeDecoder(int mode, int& type);
-    // A software decoder, not yet initialised, on frame or slice threads.
+    // A software decoder, not yet initialised, on frame threads or on one thread.
     static std::unique_ptr<Decoder> MakeSoftwareDecoder(bool frameThreads);
     // Threads of a software decoder.
     static constexpr int softwareThreadCount = 4;

@@ -1,4 +1,4 @@
-// The choice between slice and frame threads of one stream's software decoder.
+// The choice between one thread and frame threads of one stream's software decoder.
 #include "decoder_switch/decode_threading.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ TEST(DecodeThreading, FrameThreadsFromTheKeyFrameAfterTheQueueFellBehind)
     EXPECT_TRUE(threading.FrameThreads());
 }
 
-TEST(DecodeThreading, SliceThreadsAgainAfterALongCalm)
+TEST(DecodeThreading, OneThreadAgainAfterALongCalm)
 {
     DecodeThreading threading({3, 5});
     threading.Next(4, false);
@@ -49,7 +49,7 @@ TEST(DecodeThreading, SliceThreadsAgainAfterALongCalm)
     EXPECT_FALSE(threading.FrameThreads());
 }
 
-TEST(DecodeThreading, ResetStartsOnSliceThreads)
+TEST(DecodeThreading, ResetStartsOnOneThread)
 {
     DecodeThreading threading;
     threading.Next(DecodeThreading::Settings().behindQueueLength, false);

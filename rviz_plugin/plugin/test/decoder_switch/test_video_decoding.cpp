@@ -337,8 +337,8 @@ TEST_F(VideoPipeline, StreamJoinedMidGroupShowsNothingUntilTheFirstKeyFrame)
     decoder->RemoveIppNode(7);
 }
 
-// A burst the decoder cannot keep up with on slice threads moves it to frame threads at the next
-// key frame, and a calm back to slice threads; the pictures the old decoder held come out first, so
+// A burst the decoder cannot keep up with on one thread moves it to frame threads at the next
+// key frame, and a calm back to one thread; the pictures the old decoder held come out first, so
 // none is lost or reordered.
 TEST_F(VideoPipeline, BurstMovesToFrameThreadsAndCalmBackWithoutLosingAPicture)
 {
@@ -350,7 +350,7 @@ TEST_F(VideoPipeline, BurstMovesToFrameThreadsAndCalmBackWithoutLosingAPicture)
     for (uint32_t i = 0; i < 29; ++i) {
         decoder->RecvVideoMsg(Message(Stream()[i], i));
     }
-    // Frame threads hold three pictures back until more units come; the slice threads before them none.
+    // Frame threads hold three pictures back until more units come; the one thread before them none.
     ASSERT_TRUE(test_support::WaitFor([&]() { return node.Count() >= 26; }, 10s)) << node.Count();
     // Then the stream at its own pace, on the new decoder.
     for (uint32_t i = 29; i < 60; ++i) {
@@ -358,7 +358,7 @@ TEST_F(VideoPipeline, BurstMovesToFrameThreadsAndCalmBackWithoutLosingAPicture)
         // The unit's picture (or, on frame threads, the one three before) is out: nothing waits.
         ASSERT_TRUE(test_support::WaitFor([&]() { return node.Count() + 2 >= i; }, 5s));
     }
-    // Calm from there: slice threads again at key frame 45, after the three pictures held back.
+    // Calm from there: one thread again at key frame 45, after the three pictures held back.
     ASSERT_TRUE(test_support::WaitFor([&]() { return node.Count() >= 60; }, 10s)) << node.Count();
     const auto frames = node.Frames();
     for (std::size_t i = 0; i < frames.size(); ++i) {
