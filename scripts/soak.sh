@@ -40,15 +40,14 @@ for _ in $(seq 1 "$HOG"); do
 done
 start_rviz
 
-# The picture areas of the wall's four items in the shipped layout on a 1600x1000 screen: the middle
-# of each (300 x 140), clear of the letterbox bars and the item's top bar.
-ITEMS=("/camera_front 126 227" "/camera_left 679 227" "/camera_right 126 544" "/camera_rear 679 544")
+# The picture areas of the wall's four items in the shipped layout (checked by its end-to-end test).
+mapfile -t ITEMS < <(grep -v '^#' "$ROOT/rviz_plugin/plugin/layouts/kora_vision.items")
 
 # Classes a region of a screenshot: picture (the simulated scene is blue-ish), black, idle (the bright
 # grey "No Image" picture) or other.
-classify() {
+classify() {  # screenshot x y width height
   local stats mean red blue
-  stats=$(convert "$1" -crop "300x140+$2+$3" +repage -format "%[fx:mean] %[fx:mean.r] %[fx:mean.b]" info:)
+  stats=$(convert "$1" -crop "$4x$5+$2+$3" +repage -format "%[fx:mean] %[fx:mean.r] %[fx:mean.b]" info:)
   read -r mean red blue <<<"$stats"
   awk -v m="$mean" -v r="$red" -v b="$blue" 'BEGIN {
     if (m < 0.04) print "black"; else if (b > r + 0.05) print "picture";
@@ -81,8 +80,8 @@ for elapsed in $(seq 0 10 "$TOTAL"); do
   DISPLAY=$DISPLAY import -window root "$shot"
   samples=$((samples + 1))
   for item in "${ITEMS[@]}"; do
-    read -r topic x y <<<"$item"
-    class=$(classify "$shot" "$x" "$y")
+    read -r topic x y w h <<<"$item"
+    class=$(classify "$shot" "$x" "$y" "$w" "$h")
     echo "$elapsed,$topic,$class" >>"$RUN_DIR/items.csv"
     if [ "$class" = black ] || [ "$class" = idle ]; then
       faults=$((faults + 1))
@@ -112,7 +111,7 @@ summary=$(awk -F, -v warmup=$((WARMUP * 60)) -v limit="$MAX_GROWTH_MB" '
 {
   echo "soak of $MINUTES min, $HOG busy loops beside rviz, car: $CAR_OPTIONS"
   echo "$summary"
-  echo "items: $samples samples of 4 items, $faults black or idle"
+  echo "items: $samples samples of ${#ITEMS[@]} items, $faults black or idle"
   grep -E ",(black|idle)$" "$RUN_DIR/items.csv" | sed 's/^/  at s,item,class: /' || true
 } | tee "$RUN_DIR/summary.txt"
 [ "$faults" -eq 0 ] && [ "$memory_ok" = yes ]

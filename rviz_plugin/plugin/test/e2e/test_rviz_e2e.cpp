@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <regex>
+#include <sstream>
 #include <thread>
 
 namespace fs = std::filesystem;
@@ -51,6 +52,35 @@ int CountColour(const QImage& image, const QColor& colour, int tolerance = 6)
         }
     }
     return count;
+}
+
+// How the soak script classes a wall item's picture patch: the simulated scene is blue-ish; black and
+// the bright idle picture are faults.
+std::string ClassifyPatch(const QImage& image, const QRect& patch)
+{
+    double red = 0;
+    double green = 0;
+    double blue = 0;
+    for (int y = patch.top(); y <= patch.bottom(); ++y) {
+        for (int x = patch.left(); x <= patch.right(); ++x) {
+            const QColor pixel = image.pixelColor(x, y);
+            red += pixel.redF();
+            green += pixel.greenF();
+            blue += pixel.blueF();
+        }
+    }
+    const double count = static_cast<double>(patch.width()) * patch.height();
+    red /= count;
+    green /= count;
+    blue /= count;
+    const double mean = (red + green + blue) / 3;
+    if (mean < 0.04) {
+        return "black";
+    }
+    if (blue > red + 0.05) {
+        return "picture";
+    }
+    return mean > 0.7 ? "idle" : "other";
 }
 
 // The image topic saved in the block of key inside a configuration, or "" when absent.
@@ -131,6 +161,23 @@ TEST_F(RvizEndToEnd, ShippedLayoutShowsFourDecodedCamerasOfTheSimulatedCar)
     ASSERT_FALSE(before.isNull());
     ASSERT_EQ(before.size(), after.size());
 
+    // The soak script's patches of the four items (the layout's item table) lie on their pictures.
+    int patches = 0;
+    for (const std::string& entry : test_support::ReadLines(sourceDirectory + "/layouts/kora_vision.items")) {
+        if (entry.empty() || entry[0] == '#') {
+            continue;
+        }
+        std::istringstream fields(entry);
+        std::string topic;
+        int x = 0;
+        int y = 0;
+        int width = 0;
+        int height = 0;
+        ASSERT_TRUE(fields >> topic >> x >> y >> width >> height) << entry;
+        EXPECT_EQ(ClassifyPatch(before, QRect(x, y, width, height)), "picture") << topic;
+        ++patches;
+    }
+    EXPECT_EQ(patches, 4);
     // The wall's "Add" button, and the sky of the simulated scenes in the video windows.
     EXPECT_GT(CountColour(before, QColor(0x28, 0x78, 0xc5)), 300);
     const int sky = CountInWall(before, [](const QColor& c, int, int) {
