@@ -1,5 +1,6 @@
 #include "image_utils.h"
 
+#include "box_outline.h"
 #include "label_strips.h"
 
 #include "foundation/string_helpers.h"
@@ -482,7 +483,7 @@ void DrawBoxWithLabel(cv::Mat& image, const custom::BoxImage& box, const std::ve
     const cv::Point corner = RoundPoint(left, top);
     const cv::Point size = RoundPoint(right - left, bottom - top);
     const cv::Rect rectangle(corner.x, corner.y, size.x, size.y);
-    cv::rectangle(image, rectangle, properties.boxColor, properties.lineThickness, cv::LINE_AA);
+    DrawBoxOutline(image, rectangle, properties.boxColor, properties.lineThickness);
     DrawLabelForRectangle(image, rows, rectangle, properties, strips);
 }
 

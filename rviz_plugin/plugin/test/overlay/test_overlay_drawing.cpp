@@ -1,5 +1,6 @@
 // The overlay painters on real canvases: colours at box edges, lines, masks and markers, the
 // status each fault raises, and bad values that must be skipped rather than reach OpenCV.
+#include "overlay/box_outline.h"
 #include "overlay/image_freespace_utils.h"
 #include "overlay/image_line_utils.h"
 #include "overlay/image_object_utils.h"
@@ -11,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <opencv2/core.hpp>
+#include <opencv2/imgproc.hpp>
 
 #include <chrono>
 #include <cmath>
@@ -653,4 +655,41 @@ TEST(OverlayLabels, TextReachingOutOfItsBoxIsDrawnEveryTimeAndTheKeptLabelsHaveA
     // A third label: the kept ones are dropped, then it is kept.
     strips.Get({"b"}, plain);
     EXPECT_EQ(strips.Size(), 1U);
+}
+
+TEST(OverlayBoxes, OutlinesLookAsOpenCvDrawsThemAtAnySizeAndThickness)
+{
+    cv::RNG random(7);
+    for (int thickness = 1; thickness <= 8; ++thickness) {
+        int touched = 0;
+        int differing = 0;
+        for (int trial = 0; trial < 20; ++trial) {
+            cv::Mat expected = Noise(300, 200);
+            cv::Mat drawn = expected.clone();
+            const cv::Mat before = expected.clone();
+            const cv::Rect box(random.uniform(20, 60), random.uniform(20, 60), random.uniform(30, 200),
+                               random.uniform(30, 120));
+            const cv::Scalar colour(random.uniform(0, 256), random.uniform(0, 256), random.uniform(0, 256), 255);
+            cv::rectangle(expected, box, colour, thickness, cv::LINE_AA);
+            DrawBoxOutline(drawn, box, colour, thickness);
+            // Within a few levels everywhere, and the very same on all but the odd corner pixel.
+            EXPECT_LE(cv::norm(expected, drawn, cv::NORM_INF), 5) << "thickness " << thickness << " box " << box;
+            cv::Mat changed;
+            cv::compare(expected.reshape(1), before.reshape(1), changed, cv::CMP_NE);
+            touched += cv::countNonZero(changed);
+            cv::Mat different;
+            cv::compare(expected.reshape(1), drawn.reshape(1), different, cv::CMP_NE);
+            differing += cv::countNonZero(different);
+        }
+        EXPECT_LT(differing * 50, touched) << "thickness " << thickness << ": " << differing << " of " << touched;
+    }
+    // Boxes it does not take are OpenCV's own: reaching off the canvas, too small, too thick.
+    for (const auto& [box, thickness] : std::vector<std::pair<cv::Rect, int>>{
+             {{-10, 20, 100, 50}, 2}, {{250, 150, 100, 100}, 2}, {{50, 50, 6, 40}, 2}, {{40, 40, 120, 90}, 20}}) {
+        cv::Mat expected = Noise(300, 200);
+        cv::Mat drawn = expected.clone();
+        cv::rectangle(expected, box, cv::Scalar(0, 200, 100, 255), thickness, cv::LINE_AA);
+        DrawBoxOutline(drawn, box, cv::Scalar(0, 200, 100, 255), thickness);
+        EXPECT_EQ(cv::norm(expected, drawn, cv::NORM_INF), 0) << box;
+    }
 }
