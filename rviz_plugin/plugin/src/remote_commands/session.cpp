@@ -11,8 +11,10 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <stdexcept>
+#include <thread>
 
 namespace rviz_plugin {
 
@@ -463,8 +465,9 @@ void Session::InternalTerminate()
             RemoteLog(Orsa::LogLevel::Warn, "Force stopping reading channels");
             stopReading = true;
         }
+        // Whole seconds even when a signal (a child process ending) interrupts the wait.
         for (int round = 0; round < terminateRounds && isReading; ++round) {
-            sleep(1);
+            std::this_thread::sleep_for(std::chrono::seconds(1));
         }
         if (isReading) {
             RemoteLog(Orsa::LogLevel::Warn, "Waiting termination timeout. Force stopping reading channels");

@@ -125,7 +125,9 @@ TEST_F(SessionTest, TerminateInterruptsAndGivesUpOnAShellThatIgnoresIt)
     auto session = SessionFactory::CreateSession();
     ASSERT_EQ(test_support::ConnectAndWait(*session, Login(server->Password())), Session::Connected);
     test_support::OutputCollector output;
-    session->Exec("echo started; sleep 30; exit", output.Callback());
+    // The terminal echoes the typed line: the quotes keep the marker out of the echo, so it shows
+    // only once the shell runs the command.
+    session->Exec("echo sta''rted; sleep 30; exit", output.Callback());
     ASSERT_TRUE(output.WaitFor("started", 10s));
     std::promise<void> terminated;
     const auto start = std::chrono::steady_clock::now();
@@ -138,7 +140,7 @@ TEST_F(SessionTest, TerminateInterruptsAndGivesUpOnAShellThatIgnoresIt)
     // A shell that ignores Ctrl+C: the session stops reading after about 4 s.
     ASSERT_EQ(test_support::ConnectAndWait(*session, Login(server->Password())), Session::Connected);
     test_support::OutputCollector stubborn;
-    session->Exec("trap '' INT; echo stubborn; sleep 30; exit", stubborn.Callback());
+    session->Exec("trap '' INT; echo stub''born; sleep 30; exit", stubborn.Callback());
     ASSERT_TRUE(stubborn.WaitFor("stubborn", 10s));
     std::promise<void> gaveUp;
     const auto second = std::chrono::steady_clock::now();
