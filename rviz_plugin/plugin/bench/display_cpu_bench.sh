@@ -11,7 +11,6 @@
 set -eo pipefail
 source "$(dirname "$0")/../../../scripts/env.sh"
 SECONDS_MEASURED=30
-FEED_OPTIONS=()
 [ $# -gt 0 ] && [[ "$1" != --* ]] && { SECONDS_MEASURED=$1; shift; }
 FEED_OPTIONS=("$@")
 CONFIGS="$ROOT/rviz_plugin/plugin/bench/configs"

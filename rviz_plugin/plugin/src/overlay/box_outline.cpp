@@ -54,8 +54,8 @@ inline int Blend(int value, int colour, int coverage)
     return value;
 }
 
-// The coverage a blend with OpenCV's rounding gives for these results on a black and a grey canvas,
-// or -1 when one blend cannot give both.
+// The coverage whose blend of white gives these results on a black and a grey canvas, or comes
+// nearest to them (a pixel OpenCV blended more than once).
 int CoverageOf(int onBlack, int onGrey)
 {
     constexpr int grey = 100;
@@ -93,9 +93,8 @@ Outline MakeOutline(int thickness)
             if (onBlack == 255 && onGrey == 255) {
                 op.kind = Op::Set;
             } else if (onBlack != 0 || onGrey != 100) {
-                const int coverage = CoverageOf(onBlack, onGrey);
-                op.kind = coverage > 0 ? Op::Blend : Op::None;
-                op.coverage = static_cast<uint8_t>(std::max(coverage, 0));
+                op.kind = Op::Blend;
+                op.coverage = static_cast<uint8_t>(CoverageOf(onBlack, onGrey));
             }
         }
     }
@@ -163,7 +162,7 @@ void DrawBoxOutline(cv::Mat& image, const cv::Rect& box, const cv::Scalar& color
             }
         }
         for (int dx = columnsLast - corner + 1; dx <= columnsLast + margin; ++dx) {
-            Apply(row[dx], outline->At(outline->last - (columnsLast - dx), v), rgba);
+            Apply(row[dx], outline->At(outline->Map(dx, columnsLast), v), rgba);
         }
     }
 }

@@ -2,10 +2,13 @@
 #define RVIZ_PLUGIN_TEST_REMOTE_SUPPORT_H
 
 #include "../support/processes.h"
+#include "../support/ssh_server.h"
+#include "../support/temp_dir.h"
 #include "remote_commands/connection.h"
 #include "remote_commands/session.h"
 
 #include <gtest/gtest.h>
+#include <ros/param.h>
 
 #include <condition_variable>
 #include <memory>
@@ -13,6 +16,42 @@
 #include <string>
 
 namespace test_support {
+
+// Tests against an OpenSSH server of their own on 127.0.0.1, with orsaPath in a temporary directory;
+// each test is skipped, with the reason, where the server cannot run (not root).
+class SshServerTest : public testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        work = std::make_unique<TempDir>();
+        ros::param::set("orsaPath", work->Path().string());
+        server = std::make_unique<SshServer>(work->Path().string());
+    }
+    static void TearDownTestSuite()
+    {
+        server.reset();
+        work.reset();
+    }
+    void SetUp() override
+    {
+        if (!server->Available()) {
+            GTEST_SKIP() << server->SkipReason();
+        }
+    }
+    // The server's address and test account, with this password.
+    static rviz_plugin::Connection Login(const std::string& password)
+    {
+        rviz_plugin::Connection connection;
+        connection.SetIp("127.0.0.1");
+        connection.SetPort(std::to_string(server->Port()));
+        connection.SetUserName(server->User());
+        connection.SetPassword(password);
+        return connection;
+    }
+
+    inline static std::unique_ptr<TempDir> work;
+    inline static std::unique_ptr<SshServer> server;
+};
 
 // Collects a session's output until its last piece (the one with the exit prefix) has come.
 class OutputCollector {

@@ -3,7 +3,7 @@
 // configuration, interruption, twenty at once, and the version check.
 #include "../support/qt_events.h"
 #include "../support/ros_test_main.h"
-#include "../support/ssh_server.h"
+#include "remote_test_support.h"
 #include "remote_commands/command_manager.h"
 #include "remote_commands/connection_manager.h"
 #include "remote_commands/modify_viz_address_command.h"
@@ -24,31 +24,16 @@ namespace {
 using namespace std::chrono_literals;
 
 
-class Commands : public testing::Test {
+class Commands : public test_support::SshServerTest {
 protected:
-    static void SetUpTestSuite()
-    {
-        work = std::make_unique<test_support::TempDir>();
-        ros::param::set("orsaPath", work->Path().string());
-        server = std::make_unique<test_support::SshServer>(work->Path().string());
-    }
-    static void TearDownTestSuite()
-    {
-        server.reset();
-        work.reset();
-    }
     void SetUp() override
     {
-        if (!server->Available()) {
-            GTEST_SKIP() << server->SkipReason();
+        SshServerTest::SetUp();
+        if (IsSkipped()) {
+            return;
         }
         connections.Init(nullptr);
-        Connection login;
-        login.SetIp("127.0.0.1");
-        login.SetPort(std::to_string(server->Port()));
-        login.SetUserName(server->User());
-        login.SetPassword(server->Password());
-        connections.Add(login);
+        connections.Add(Login(server->Password()));
         builtinFile = server->Home() + "/viz_builtin_commands.json";
         manager.Init(&connections, nullptr, QString::fromStdString(builtinFile));
     }
@@ -88,15 +73,10 @@ protected:
         return names;
     }
 
-    static std::unique_ptr<test_support::TempDir> work;
-    static std::unique_ptr<test_support::SshServer> server;
     ConnectionManager connections;
     CommandManager manager;
     std::string builtinFile;
 };
-
-std::unique_ptr<test_support::TempDir> Commands::work;
-std::unique_ptr<test_support::SshServer> Commands::server;
 
 const char* const goodFile = R"({"viz_builtin_commands": [
   {"name": "list home", "type": "app", "command_template": "ls {}", "default_arg": "-a",

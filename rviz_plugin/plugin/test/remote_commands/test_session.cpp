@@ -19,34 +19,12 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class SessionTest : public testing::Test {
+class SessionTest : public test_support::SshServerTest {
 protected:
     static void SetUpTestSuite()
     {
-        work = std::make_unique<test_support::TempDir>();
-        ros::param::set("orsaPath", work->Path().string());
-        Connection::cipherHandler.Initialize();
-        server = std::make_unique<test_support::SshServer>(work->Path().string());
-    }
-    static void TearDownTestSuite()
-    {
-        server.reset();
-        work.reset();
-    }
-    void SetUp() override
-    {
-        if (!server->Available()) {
-            GTEST_SKIP() << server->SkipReason();
-        }
-    }
-    static Connection Login(const std::string& password)
-    {
-        Connection connection;
-        connection.SetIp("127.0.0.1");
-        connection.SetPort(std::to_string(server->Port()));
-        connection.SetUserName(server->User());
-        connection.SetPassword(password);
-        return connection;
+        SshServerTest::SetUpTestSuite();
+        Connection::cipherHandler.Initialize();  // its keys live under orsaPath
     }
     static std::string Run(Session& session, const std::string& command)
     {
@@ -55,13 +33,7 @@ protected:
         EXPECT_TRUE(output.WaitFinished(20s)) << output.Text();
         return output.Text();
     }
-
-    static std::unique_ptr<test_support::TempDir> work;
-    static std::unique_ptr<test_support::SshServer> server;
 };
-
-std::unique_ptr<test_support::TempDir> SessionTest::work;
-std::unique_ptr<test_support::SshServer> SessionTest::server;
 
 TEST_F(SessionTest, ACommandRunsInTheShellAndEndsWithItsExitCode)
 {
