@@ -1,7 +1,8 @@
 # Sourced by run.sh and soak.sh: a ROS master on a free loopback port, a virtual display when none is
 # set, the simulated car and rviz with the shipped layout, all stopped by stop_session (set as the
 # EXIT trap). Needs env.sh sourced and the build done; everything goes under $RUN_DIR.
-LAYOUT="$ROOT/rviz_plugin/plugin/layouts/kora_vision.rviz"
+# The shipped layout; LAYOUT=…/scene_3d.rviz opens the 3D scene alone.
+LAYOUT="${LAYOUT:-$ROOT/rviz_plugin/plugin/layouts/kora_vision.rviz}"
 session_pids=()
 
 stop_session() {

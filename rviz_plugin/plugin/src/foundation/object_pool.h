@@ -10,8 +10,9 @@
 namespace rviz_plugin {
 
 // Reuses drawn objects between messages: Get(n) hands out exactly n working objects, creating
-// only the shortfall; surplus objects are reset (hidden) and kept idle for the next message.
-// Object needs a Reset() that returns it to its idle look; the factory makes a new one.
+// only the shortfall; surplus objects are hidden and kept idle for the next message.
+// Object needs a Hide(); the factory makes a new one ready to draw (a scene object makes its scene
+// node under the display's node there), so that no object is made or destroyed once the pool is warm.
 template <typename Object>
 class ObjectPool {
 public:
@@ -35,11 +36,11 @@ public:
     std::size_t GetUsedSize() const { return workingPool.size(); }
     std::size_t GetIdleSize() const { return idlePool.size(); }
 
-    // Resets every working object and makes them all idle.
+    // Hides every working object and makes them all idle.
     void Reset()
     {
         for (auto& object : workingPool) {
-            object->Reset();
+            object->Hide();
         }
         Move(workingPool, idlePool, workingPool.size());
     }
@@ -53,7 +54,7 @@ public:
         if (count <= workingPool.size()) {
             const std::size_t surplus = workingPool.size() - count;
             for (std::size_t i = 0; i < surplus; ++i) {
-                workingPool[workingPool.size() - 1 - i]->Reset();
+                workingPool[workingPool.size() - 1 - i]->Hide();
             }
             Move(workingPool, idlePool, surplus);
         } else {

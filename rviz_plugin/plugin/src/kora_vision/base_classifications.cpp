@@ -1,9 +1,7 @@
 #include "base_classifications.h"
 
+#include "classification_editors/classification_editor.h"
 #include "foundation/config_load_guard.h"
-
-#include <QHBoxLayout>
-#include <QPushButton>
 
 #ifndef Q_MOC_RUN
 #include <rviz/config.h>
@@ -31,27 +29,6 @@ QString RowDescription(const QString& subject)
         .arg(subject);
 }
 } // namespace
-
-ClassificationValueProperty::ClassificationValueProperty(unsigned value, rviz::Property* parent)
-    : rviz::IntProperty("Value", static_cast<int>(value), "The classification value carried by the recognition result.",
-                        parent)
-{
-    setMin(0);
-    setMax(static_cast<int>(ClassificationSummary::maxValue));
-}
-
-ClassificationEditor::ClassificationEditor(QWidget* parent) : QLineEdit(parent)
-{
-    auto* remove = new QPushButton("Delete", this);
-    remove->setObjectName("ClassificationEditor_deleteButton");
-    remove->setCursor(Qt::ArrowCursor);
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addStretch();
-    layout->addWidget(remove);
-    setTextMargins(0, 0, remove->sizeHint().width(), 0);
-    connect(remove, &QPushButton::clicked, this, &ClassificationEditor::DeleteClicked);
-}
 
 BaseClassifications::BaseClassifications(const QString& description, ClassificationSummary::Kind rowKind,
                                          std::unique_ptr<IppParameters>& params, Classifications IppConfig::*rows,

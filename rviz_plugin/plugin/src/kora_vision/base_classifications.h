@@ -4,10 +4,9 @@
 #include "kora_vision_logic/classification_summary.h"
 #include "overlay/ipp_parameters.h"
 
-#include <QLineEdit>
+#include "classification_editors/classification_value_property.h"
 
 #ifndef Q_MOC_RUN
-#include <rviz/properties/int_property.h>
 #include <rviz/properties/property.h>
 #endif
 
@@ -21,23 +20,6 @@ class StringProperty;
 } // namespace rviz
 
 namespace rviz_plugin {
-
-// The "Value" of a classification row: the class number a perception message carries, 0 to 255.
-class ClassificationValueProperty : public rviz::IntProperty {
-    Q_OBJECT
-public:
-    explicit ClassificationValueProperty(unsigned value, rviz::Property* parent);
-};
-
-// The editor of a row's value cell: the summary, which may be typed over, and a delete button.
-class ClassificationEditor : public QLineEdit {
-    Q_OBJECT
-public:
-    explicit ClassificationEditor(QWidget* parent);
-
-Q_SIGNALS:
-    void DeleteClicked();
-};
 
 // One "Classification" row: how the results of one class value look. Every change is written to
 // the item's settings under their mutex; the row's value column shows its summary.

@@ -2,6 +2,8 @@
 
 #include "base_classifications.h"
 
+#include "classification_editors/classification_setting_editor.h"
+
 #ifndef Q_MOC_RUN
 #include <rviz/config.h>
 #include <rviz/properties/property_tree_model.h>
@@ -23,12 +25,6 @@ QString SettingDescription(const QString& subject)
         .arg(subject);
 }
 } // namespace
-
-ClassificationSettingEditor::ClassificationSettingEditor(bool canAdd, QWidget* parent) : QPushButton("Add", parent)
-{
-    setObjectName("ClassificationSettingEditor_addButton");
-    setEnabled(canAdd);
-}
 
 BaseSettingProperty::BaseSettingProperty(const QString& description, std::unique_ptr<IppParameters>& params,
                                          Classifications IppConfig::*rows, ColorPool::ColorType type,

@@ -5,8 +5,6 @@
 
 #include "foundation/color_pool.h"
 
-#include <QPushButton>
-
 #ifndef Q_MOC_RUN
 #include <rviz/properties/property.h>
 #endif
@@ -17,13 +15,6 @@
 namespace rviz_plugin {
 
 class BaseClassifications;
-
-// The editor of a setting node's value cell: the button that adds a row.
-class ClassificationSettingEditor : public QPushButton {
-    Q_OBJECT
-public:
-    ClassificationSettingEditor(bool canAdd, QWidget* parent);
-};
 
 // The "Classification Setting" node of an input: its rows, with an add button in the value cell. It
 // shows "Classification Setting (n)" and is saved under "Classification Setting" whatever n is.

@@ -87,14 +87,14 @@ Rgba ToColor(uint8_t state)
     }
 }
 
-std::vector<Rgba> LampColors(uint8_t state)
+std::vector<uint8_t> LampStates(uint8_t state)
 {
     if (state >= orsa_msgs::Light::GREEN && state <= orsa_msgs::Light::RED) {
-        std::vector<Rgba> colors(3, ToColor(orsa_msgs::Light::BLACK));
-        colors[state - 1] = ToColor(state);
-        return colors;
+        std::vector<uint8_t> states(3, orsa_msgs::Light::BLACK);
+        states[state - 1] = state;
+        return states;
     }
-    return std::vector<Rgba>(3, ToColor(state));
+    return std::vector<uint8_t>(3, state);
 }
 
 int GetLeftCountdownIndex(int tens)

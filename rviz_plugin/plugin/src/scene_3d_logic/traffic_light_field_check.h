@@ -50,9 +50,9 @@ struct Rgba {
 
 // 1 green, 2 yellow, 3 red, 4 black, anything else grey.
 Rgba ToColor(uint8_t state);
-// The colours of a head's three lamps for a state: 1 to 3 light one lamp (the others are dark), any
-// other state paints all three in its colour.
-std::vector<Rgba> LampColors(uint8_t state);
+// The states the three lamps of a head show for a light's state: 1 to 3 light that one lamp and leave
+// the others black; any other state paints all three in its colour.
+std::vector<uint8_t> LampStates(uint8_t state);
 // The digit meshes of a countdown: left 1..14 for tens 0..13, right 15..24 for ones 0..9.
 int GetLeftCountdownIndex(int tens);
 int GetRightCountdownIndex(int ones);

@@ -358,7 +358,7 @@ TEST(MemoryException, NewHandlerPrintsTheMessageAndExitsWithOne)
 namespace {
 struct PooledObject {
     explicit PooledObject(int* created) : id((*created)++) {}
-    void Reset() { shown = false; ++resets; }
+    void Hide() { shown = false; ++resets; }
     int id;
     bool shown = true;
     int resets = 0;

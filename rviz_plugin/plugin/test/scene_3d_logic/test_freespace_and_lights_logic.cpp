@@ -130,11 +130,11 @@ TEST(TrafficLightLook, CountdownDigitsAndLampColours)
     EXPECT_EQ(TrafficLightLook::GetCountdownIndex(139), std::make_pair(14, 24));
     EXPECT_EQ(TrafficLightLook::GetCountdownIndex(0), std::make_pair(1, 15));
     EXPECT_EQ(TrafficLightLook::GetCountdownIndex(200), std::make_pair(1, 15));
-    const auto black = TrafficLightLook::ToColor(orsa_msgs::Light::BLACK);
-    EXPECT_EQ(TrafficLightLook::LampColors(4), std::vector<TrafficLightLook::Rgba>(3, black));
-    const auto red = TrafficLightLook::LampColors(orsa_msgs::Light::RED);
-    EXPECT_EQ(red[2], TrafficLightLook::ToColor(3));
-    EXPECT_EQ(red[0], black);
+    EXPECT_EQ(TrafficLightLook::LampStates(4), std::vector<uint8_t>(3, 4));
+    EXPECT_EQ(TrafficLightLook::LampStates(0), std::vector<uint8_t>(3, 0));
+    EXPECT_EQ(TrafficLightLook::LampStates(orsa_msgs::Light::RED), (std::vector<uint8_t>{4, 4, 3}));
+    EXPECT_EQ(TrafficLightLook::LampStates(orsa_msgs::Light::GREEN), (std::vector<uint8_t>{1, 4, 4}));
+    EXPECT_EQ(TrafficLightLook::ToColor(4), (TrafficLightLook::Rgba{0, 0, 0, 1}));
     EXPECT_EQ(TrafficLightLook::ToColor(9), (TrafficLightLook::Rgba{0.5F, 0.5F, 0.5F, 1}));
     EXPECT_EQ(TrafficLightLook::ToColor(2), (TrafficLightLook::Rgba{1, 1, 0, 1}));
 }

@@ -2,18 +2,22 @@
 // and tested without one. Camera video: custom/Video, H.265 access units, one per message. For each
 // camera also what perception finds in its picture, stamped with the picture's stamp, under
 // /<camera>/objects, traffic_lights, road_lines, freespace, segmentation and markers. The vehicle's
-// state and its transform tree (map, base_link, a frame per camera), ten times a second.
+// state and its transform tree (map, base_link, a frame per camera, the radar), ten times a second.
+// The 3D perception of the front camera's scene: objects, radar detections and tracks, traffic lights
+// (ten times a second) and the stereo freespace grid (five times a second); the car's model as the
+// parameter "vehicle_description".
 //
 //   simulated_car [--cameras N] [--width W] [--height H] [--fps F] [--duration S]
 //                 [--perception-offset-ms MS] [--drop-perception-every K] [--bad-vehicle-every K]
-//                 [--offset X,Y]
+//                 [--bad-scene-every K] [--offset X,Y] [--urdf FILE]
 //
 // The perception options exercise the matching: perception stamps shifted by MS, and no perception
 // with every K-th picture. --bad-vehicle-every sends every K-th vehicle status with one field out of
-// range. The map offset (default 100,200) is set as the car's platform sets it; the route and point
+// range; --bad-scene-every does the same to every K-th message of the 3D perception. The map offset (default 100,200) is set as the car's platform sets it; the route and point
 // topics it receives are printed.
 #include "h265_encoder.h"
 #include "route_listener.h"
+#include "scene_3d.h"
 #include "synthetic_scene.h"
 #include "vehicle_state.h"
 
@@ -31,7 +35,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
 #include <iostream>
+#include <sstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -47,11 +53,16 @@ struct Options {
     int perceptionOffsetMs = 0;
     int dropPerceptionEvery = 0;  // 0 drops none
     int badVehicleEvery = 0;      // 0 sends none
+    int badSceneEvery = 0;        // 0 sends none
+    std::string urdf = SIMULATED_CAR_VEHICLE_URDF;
     double offsetX = 100.0;
     double offsetY = 200.0;
 };
 
 constexpr double vehicleRate = 10;  // vehicle state messages a second
+// The front radar's place on the car.
+constexpr double radarX = 3.7;
+constexpr double radarZ = 0.5;
 
 // Masks are sent at this size whatever the picture's: within the size the display expects.
 constexpr int maskWidth = 640;
@@ -89,6 +100,10 @@ bool ParseOptions(int argc, char** argv, Options& options)
             options.dropPerceptionEvery = std::atoi(value);
         } else if (name == "--bad-vehicle-every") {
             options.badVehicleEvery = std::atoi(value);
+        } else if (name == "--bad-scene-every") {
+            options.badSceneEvery = std::atoi(value);
+        } else if (name == "--urdf") {
+            options.urdf = value;
         } else if (name == "--offset") {
             if (std::sscanf(value, "%lf,%lf", &options.offsetX, &options.offsetY) != 2) {
                 std::cerr << "--offset takes X,Y\n";
@@ -276,7 +291,88 @@ tf2_msgs::TFMessage Transforms(const ros::Time& stamp, int cameras)
         camera.transform.rotation.w = 1.0;
         message.transforms.push_back(camera);
     }
+    geometry_msgs::TransformStamped radar;
+    radar.header.stamp = stamp;
+    radar.header.frame_id = "base_link";
+    radar.child_frame_id = "radar_front";
+    radar.transform.translation.x = radarX;
+    radar.transform.translation.z = radarZ;
+    radar.transform.rotation.w = 1.0;
+    message.transforms.push_back(radar);
     return message;
+}
+
+// The 3D perception's topics, published with the vehicle's state; the freespace grid every other time.
+class ScenePublishers {
+public:
+    ScenePublishers(ros::NodeHandle& node, const simulated_car::SyntheticScene& frontCamera)
+        : scene(frontCamera), objects(node.advertise<custom::ObjectArray>("objects_3d", 10)),
+          detections(node.advertise<custom::RadarDetectArray>("radar_detect", 10)),
+          tracks(node.advertise<custom::RadarTrackArray>("radar_track", 10)),
+          freespace(node.advertise<orsa_msgs::StereoFreespace>("stereo_freespace", 2)),
+          lights(node.advertise<orsa_msgs::StereoTrafficLightArray>("stereo_traffic_lights", 10))
+    {
+    }
+
+    void Publish(double t, const ros::Time& stamp, int badEvery)
+    {
+        std_msgs::Header header;
+        header.stamp = stamp;
+        header.frame_id = "base_link";
+        std_msgs::Header radarHeader = header;
+        radarHeader.frame_id = "radar_front";
+        custom::ObjectArray objectArray = scene.Objects(t, header);
+        custom::RadarDetectArray detectArray = scene.RadarDetections(t, radarHeader);
+        custom::RadarTrackArray trackArray = scene.RadarTracks(t, radarHeader);
+        orsa_msgs::StereoTrafficLightArray lightArray = scene.TrafficLights(t, header);
+        for (auto& point : detectArray.detectList) {
+            point.x -= static_cast<float>(radarX);
+        }
+        for (auto& track : trackArray.trackList) {
+            track.x -= static_cast<float>(radarX);
+            track.z -= static_cast<float>(radarZ);
+        }
+        const bool bad = badEvery > 0 && ++sent % badEvery == 0;
+        const bool withGrid = sent % 2 == 0;
+        orsa_msgs::StereoFreespace grid;
+        if (withGrid) {
+            grid = scene.Freespace(t, header);
+        }
+        if (bad) {
+            simulated_car::Scene3d::BreakObjects(objectArray, faults);
+            simulated_car::Scene3d::BreakRadar(detectArray, trackArray, faults);
+            simulated_car::Scene3d::BreakTrafficLights(lightArray, faults);
+            if (withGrid) {
+                simulated_car::Scene3d::BreakFreespace(grid, faults);
+            }
+            ++faults;
+        }
+        objects.publish(objectArray);
+        detections.publish(detectArray);
+        tracks.publish(trackArray);
+        lights.publish(lightArray);
+        if (withGrid) {
+            freespace.publish(grid);
+        }
+    }
+
+private:
+    simulated_car::Scene3d scene;
+    ros::Publisher objects;
+    ros::Publisher detections;
+    ros::Publisher tracks;
+    ros::Publisher freespace;
+    ros::Publisher lights;
+    unsigned sent = 0;
+    unsigned faults = 0;
+};
+
+std::string ReadText(const std::string& path)
+{
+    std::ifstream file(path);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
 }
 
 class VehiclePublishers {
@@ -347,6 +443,15 @@ int main(int argc, char** argv)
               << " at " << options.fps << " fps" << std::endl;
 
     VehiclePublishers vehicle(node);
+    const std::string urdf = ReadText(options.urdf);
+    if (urdf.empty()) {
+        std::cerr << "no vehicle model in " << options.urdf << "\n";
+    } else {
+        node.setParam("vehicle_description", urdf);
+    }
+    // The 3D perception sees what the front camera sees.
+    const simulated_car::SyntheticScene frontCamera(640, 360, 0);
+    ScenePublishers scene3d(node, frontCamera);
     const simulated_car::RouteListener routes(node, options.offsetX, options.offsetY);
     ros::Publisher transforms = node.advertise<tf2_msgs::TFMessage>("/tf", 10);
     const int vehicleEveryTicks = std::max(1, static_cast<int>(options.fps / vehicleRate));
@@ -379,6 +484,7 @@ int main(int argc, char** argv)
         if (tick % vehicleEveryTicks == 0) {
             vehicle.Publish(t, options.badVehicleEvery);
             transforms.publish(Transforms(stamp, options.cameras));
+            scene3d.Publish(t, stamp, options.badSceneEvery);
         }
         ros::spinOnce();
         rate.sleep();

@@ -1,0 +1,153 @@
+#include "radar_track_visual.h"
+
+#include "scene_3d/text_marker.h"
+#include "scene_3d_logic/object_markers.h"
+#include "scene_3d_logic/radar_markers.h"
+
+#ifndef Q_MOC_RUN
+#include <OgreSceneManager.h>
+#include <OgreSceneNode.h>
+#include <rviz/default_plugin/markers/arrow_marker.h>
+#include <rviz/default_plugin/markers/line_list_marker.h>
+#endif
+
+namespace rviz_plugin {
+
+RadarTrackVisual::RadarTrackVisual(const RadarTrackSettings& trackSettings)
+    : RadarVisual(RadarTrackLimits()), settings(trackSettings)
+{
+}
+
+RadarTrackVisual::~RadarTrackVisual()
+{
+    polygons = MarkerSet();
+    infos = MarkerSet();
+    velocities = MarkerSet();
+    accelerations = MarkerSet();
+}
+
+void RadarTrackVisual::Init(rviz::DisplayContext* displayContext, Ogre::SceneNode* parentNode)
+{
+    context = displayContext;
+    sceneNode = parentNode;
+    velocityNode = sceneNode->createChildSceneNode();
+    accelerationNode = sceneNode->createChildSceneNode();
+    polygonNode = sceneNode->createChildSceneNode();
+    infoNode = sceneNode->createChildSceneNode();
+    InitStatus();
+    InitMarkers();
+}
+
+void RadarTrackVisual::InitMarkers()
+{
+    polygons = MarkerSet();
+    infos = MarkerSet();
+    velocities = MarkerSet();
+    accelerations = MarkerSet();
+    for (unsigned index = 0; index < RadarTrackSettings::maxTracks; ++index) {
+        polygons.markers.push_back(std::make_unique<rviz::LineListMarker>(nullptr, context, polygonNode));
+        infos.markers.push_back(std::make_unique<TextMarker>(context, infoNode));
+        velocities.markers.push_back(std::make_unique<rviz::ArrowMarker>(nullptr, context, velocityNode));
+        accelerations.markers.push_back(std::make_unique<rviz::ArrowMarker>(nullptr, context, accelerationNode));
+    }
+}
+
+void RadarTrackVisual::SetMessage(const custom::RadarTrackArray::ConstPtr& message)
+{
+    CheckInvalidData(*message);
+    RenderPolygon(*message);
+    RenderInfo(*message);
+    RenderVelocity(*message);
+    RenderAcceleration(*message);
+}
+
+void RadarTrackVisual::CheckInvalidData(const custom::RadarTrackArray& message)
+{
+    CheckItems(message.trackList, RadarTrackSettings::maxTracks, "RadarTrackArray",
+               "The number of obstacles in the received data exceeds %1, excessive obstacles will not be displayed.",
+               RadarTrackCheckedValues);
+}
+
+void RadarTrackVisual::RenderPolygon(const custom::RadarTrackArray& message)
+{
+    polygonNode->setVisible(true);
+    visualization_msgs::Marker marker = RadarMarkers::Base(message.header, "polygon",
+                                                           visualization_msgs::Marker::LINE_LIST, settings.polygonColor);
+    marker.scale.x = settings.edgeWidth;
+    for (std::size_t place = 0; place < passedIndices.size(); ++place) {
+        const custom::RadarTrack& track = message.trackList[passedIndices[place]];
+        marker.id = static_cast<int>(place);
+        marker.points = RadarMarkers::TrackBoxPoints(track);
+        marker.pose.position.x = track.x;
+        marker.pose.position.y = track.y;
+        marker.pose.position.z = track.z;
+        marker.pose.orientation = ObjectMarkers::YawQuaternion(track.orientation);
+        polygons.markers[place]->setMessage(marker);
+    }
+    ParkLeftovers(polygons, marker, passedIndices.size());
+}
+
+void RadarTrackVisual::RenderInfo(const custom::RadarTrackArray& message)
+{
+    if (!settings.infoShown) {
+        infoNode->setVisible(false);
+        return;
+    }
+    infoNode->setVisible(true);
+    visualization_msgs::Marker marker = RadarMarkers::Base(message.header, "info",
+                                                           visualization_msgs::Marker::TEXT_VIEW_FACING,
+                                                           settings.textColor);
+    marker.scale.x = marker.scale.y = marker.scale.z = settings.textScale;
+    for (std::size_t place = 0; place < passedIndices.size(); ++place) {
+        const custom::RadarTrack& track = message.trackList[passedIndices[place]];
+        marker.id = static_cast<int>(place);
+        marker.pose.position.x = track.x;
+        marker.pose.position.y = track.y;
+        marker.pose.position.z = track.height;
+        RadarMarkers::SetText(marker,
+                              RadarMarkers::InfoText(RadarTrackSettings::InfoFieldNames(), settings.infoFields,
+                                                     RadarMarkers::TrackFieldTexts(track)),
+                              settings.textColor);
+        auto* text = static_cast<TextMarker*>(infos.markers[place].get());
+        text->setMessage(marker);
+        text->SetTextAlignment(rviz::MovableText::H_LEFT, rviz::MovableText::V_ABOVE);
+    }
+    ParkLeftovers(infos, marker, passedIndices.size());
+}
+
+void RadarTrackVisual::RenderArrows(const custom::RadarTrackArray& message, const std::string& ns,
+                                    const RadarArrowSettings& arrow, float custom::RadarTrack::*x,
+                                    float custom::RadarTrack::*y, double lift, MarkerSet& set)
+{
+    visualization_msgs::Marker marker =
+        RadarMarkers::Base(message.header, ns, visualization_msgs::Marker::ARROW, arrow.color);
+    for (std::size_t place = 0; place < passedIndices.size(); ++place) {
+        const custom::RadarTrack& track = message.trackList[passedIndices[place]];
+        marker.id = static_cast<int>(place);
+        RadarMarkers::SetArrow(marker, arrow, track.x, track.y, track.z + lift, track.*x, track.*y);
+        set.markers[place]->setMessage(marker);
+    }
+    ParkLeftovers(set, marker, passedIndices.size());
+}
+
+void RadarTrackVisual::RenderVelocity(const custom::RadarTrackArray& message)
+{
+    velocityNode->setVisible(settings.velocityShown);
+    if (settings.velocityShown) {
+        RenderArrows(message, "velocity", settings.velocityArrow, &custom::RadarTrack::vx, &custom::RadarTrack::vy, 0,
+                     velocities);
+    }
+}
+
+void RadarTrackVisual::RenderAcceleration(const custom::RadarTrackArray& message)
+{
+    accelerationNode->setVisible(settings.accelerationShown);
+    if (settings.accelerationShown) {
+        // Above the velocity arrow, so that the two stay apart.
+        const double lift = static_cast<double>(settings.velocityArrow.scale[2]) + settings.accelerationArrow.scale[2];
+        RenderArrows(message, "acceleration", settings.accelerationArrow, &custom::RadarTrack::ax,
+                     &custom::RadarTrack::ay, lift, accelerations);
+    }
+}
+
+} // namespace rviz_plugin
