@@ -229,6 +229,54 @@ TEST_F(RvizEndToEnd, ShippedLayoutShowsFourDecodedCamerasOfTheSimulatedCar)
     EXPECT_EQ(rviz->Stop(), 0);
 }
 
+// The 3D scene layout: the simulated car's objects, radar, freespace grid, traffic lights and model.
+TEST_F(RvizEndToEnd, SceneLayoutShowsTheSixDisplaysFedByTheSimulatedCar)
+{
+    test_support::Environment environment = master->RosEnvironment();
+    test_support::Process car({simulatedCar, "--cameras", "1", "--width", "320", "--height", "180", "--fps", "10"},
+                              work / "simulated_car.log", environment);
+    auto rviz = StartRviz(sourceDirectory + "/layouts/scene_3d.rviz", "OpenGl version");
+    ExpectNoPluginError(rviz->Log());
+    std::this_thread::sleep_for(10s);
+    const std::string screenshot = artifactDirectory + "/scene_3d.png";
+    ASSERT_TRUE(xserver->Screenshot(screenshot));
+    const QImage image(QString::fromStdString(screenshot));
+    ASSERT_FALSE(image.isNull());
+    // The 3D view: right of the displays panel.
+    const QRect view(image.width() / 4, 60, image.width() * 3 / 4 - 10, image.height() - 100);
+    const auto count = [&image, &view](auto predicate) {
+        int found = 0;
+        for (int y = view.top(); y <= view.bottom(); ++y) {
+            for (int x = view.left(); x <= view.right(); ++x) {
+                found += predicate(image.pixelColor(x, y)) ? 1 : 0;
+            }
+        }
+        return found;
+    };
+    EXPECT_GT(count([](const QColor& c) { return c.red() > 245 && c.green() > 245 && c.blue() > 245; }), 60000)
+        << "no freespace tiles";
+    EXPECT_GT(count([](const QColor& c) { return c.red() < 8 && c.green() < 8 && c.blue() < 8; }), 5000)
+        << "no unknown cells";
+    // The vehicles' cuboids: their class's cyan, half transparent and shaded, over the grey of the cells
+    // they block.
+    EXPECT_GT(count([](const QColor& c) {
+                  return c.red() > 50 && c.red() < 130 && c.green() > c.red() + 25 && c.blue() > c.red() + 40 &&
+                         c.blue() < 200;
+              }),
+              1000)
+        << "no object cuboids";
+    EXPECT_GT(count([](const QColor& c) { return c.green() > 150 && c.red() < 130 && c.blue() < 130; }), 200)
+        << "no radar detections";
+    // Lit lamps and the countdown: pure yellow or red.
+    EXPECT_GT(count([](const QColor& c) {
+                  return c.red() > 200 && c.blue() < 60 && (c.green() > 200 || c.green() < 60);
+              }),
+              40)
+        << "no traffic lights";
+    EXPECT_EQ(rviz->Log().find("URDF"), std::string::npos) << rviz->Log();
+    EXPECT_EQ(rviz->Stop(), 0);
+}
+
 // A saved layout whose "car" row of Objects is red: the simulated car's cars get red boxes, and the
 // row's default orange is nowhere.
 TEST_F(RvizEndToEnd, SavedClassificationColourShowsOnTheVideo)
