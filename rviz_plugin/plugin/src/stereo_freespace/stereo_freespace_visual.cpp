@@ -57,9 +57,29 @@ void StereoFreespaceVisual::ResetCloudProperties(const orsa_msgs::StereoFreespac
 
 void StereoFreespaceVisual::Render(const orsa_msgs::StereoFreespace& message)
 {
+    FillPoints(message);
+    DrawCloudPoint();
+}
+
+void StereoFreespaceVisual::FillPoints(const orsa_msgs::StereoFreespace& message)
+{
     ResetCloudProperties(message);
     LayOutFreespaceCells(message, checker, tiles);
-    DrawCloudPoint();
+    for (std::size_t cellClass = 0; cellClass < clouds.size(); ++cellClass) {
+        const std::size_t count = tiles.counts[cellClass];
+        auto& classPoints = points[cellClass];
+        if (classPoints.size() < count) {
+            classPoints.resize(count);
+        }
+        const QColor& color = colors.colors[cellClass];
+        const Ogre::ColourValue colour(static_cast<float>(color.redF()), static_cast<float>(color.greenF()),
+                                       static_cast<float>(color.blueF()), static_cast<float>(color.alphaF()));
+        const auto& classTiles = tiles.tiles[cellClass];
+        for (std::size_t index = 0; index < count; ++index) {
+            classPoints[index].position = Ogre::Vector3(classTiles[index].x, classTiles[index].y, 0.0F);
+            classPoints[index].color = colour;
+        }
+    }
 }
 
 void StereoFreespaceVisual::DrawCloudPoint()
@@ -67,21 +87,9 @@ void StereoFreespaceVisual::DrawCloudPoint()
     for (std::size_t cellClass = 0; cellClass < clouds.size(); ++cellClass) {
         clouds[cellClass]->clear();
         const std::size_t count = tiles.counts[cellClass];
-        if (count == 0) {
-            continue;
+        if (count > 0) {
+            clouds[cellClass]->addPoints(points[cellClass].data(), static_cast<uint32_t>(count));
         }
-        const QColor& color = colors.colors[cellClass];
-        const Ogre::ColourValue colour(static_cast<float>(color.redF()), static_cast<float>(color.greenF()),
-                                       static_cast<float>(color.blueF()), static_cast<float>(color.alphaF()));
-        if (points.size() < count) {
-            points.resize(count);
-        }
-        const auto& classTiles = tiles.tiles[cellClass];
-        for (std::size_t index = 0; index < count; ++index) {
-            points[index].position = Ogre::Vector3(classTiles[index].x, classTiles[index].y, 0.0F);
-            points[index].color = colour;
-        }
-        clouds[cellClass]->addPoints(points.data(), static_cast<uint32_t>(count));
     }
 }
 

@@ -34,6 +34,10 @@ public:
 
     void Init(Ogre::SceneNode* sceneNode);
     void SetMessage(const orsa_msgs::StereoFreespace& message);
+    // The two halves of SetMessage: the cells checked and laid out as coloured points of the three
+    // classes, then the points handed to the clouds (one call each).
+    void FillPoints(const orsa_msgs::StereoFreespace& message);
+    void DrawCloudPoint();
     void Reset();
     std::size_t PointCount(int cellClass) const { return tiles.counts[static_cast<std::size_t>(cellClass)]; }
 
@@ -41,7 +45,6 @@ private:
     void InitPointCloud();
     void Render(const orsa_msgs::StereoFreespace& message);
     void ResetCloudProperties(const orsa_msgs::StereoFreespace& message);
-    void DrawCloudPoint();
 
     const StereoFreespaceColors& colors;
     StereoFreespaceChecker& checker;
@@ -49,7 +52,7 @@ private:
     std::array<Ogre::SceneNode*, FreespaceTiles::classCount> cloudNodes{};
     std::array<std::unique_ptr<rviz::PointCloud>, FreespaceTiles::classCount> clouds;
     FreespaceTiles tiles;
-    std::vector<rviz::PointCloud::Point> points;
+    std::array<std::vector<rviz::PointCloud::Point>, FreespaceTiles::classCount> points;
 };
 
 } // namespace rviz_plugin
