@@ -73,7 +73,7 @@ void RadarDetectVisual::RenderPoint(const custom::RadarDetectArray& message)
         marker.pose.position.x = point.x;
         marker.pose.position.y = point.y;
         marker.pose.position.z = 0;
-        points.markers[place]->setMessage(marker);
+        Send(*points.markers[place], marker);
     }
     ParkLeftovers(points, marker, passedIndices.size());
 }
@@ -100,7 +100,7 @@ void RadarDetectVisual::RenderInfo(const custom::RadarDetectArray& message)
                                                      RadarMarkers::DetectFieldTexts(point)),
                               settings.textColor);
         auto* text = static_cast<TextMarker*>(infos.markers[place].get());
-        text->setMessage(marker);
+        Send(*text, marker);
         text->SetTextAlignment(rviz::MovableText::H_LEFT, rviz::MovableText::V_ABOVE);
     }
     ParkLeftovers(infos, marker, passedIndices.size());
@@ -119,7 +119,7 @@ void RadarDetectVisual::RenderVelocity(const custom::RadarDetectArray& message)
         const custom::RadarDetect& point = message.detectList[passedIndices[place]];
         marker.id = static_cast<int>(place);
         RadarMarkers::SetArrow(marker, settings.velocityArrow, point.x, point.y, 0, point.vx, point.vy);
-        velocities.markers[place]->setMessage(marker);
+        Send(*velocities.markers[place], marker);
     }
     ParkLeftovers(velocities, marker, passedIndices.size());
 }

@@ -82,7 +82,7 @@ void RadarTrackVisual::RenderPolygon(const custom::RadarTrackArray& message)
         marker.pose.position.y = track.y;
         marker.pose.position.z = track.z;
         marker.pose.orientation = ObjectMarkers::YawQuaternion(track.orientation);
-        polygons.markers[place]->setMessage(marker);
+        Send(*polygons.markers[place], marker);
     }
     ParkLeftovers(polygons, marker, passedIndices.size());
 }
@@ -109,7 +109,7 @@ void RadarTrackVisual::RenderInfo(const custom::RadarTrackArray& message)
                                                      RadarMarkers::TrackFieldTexts(track)),
                               settings.textColor);
         auto* text = static_cast<TextMarker*>(infos.markers[place].get());
-        text->setMessage(marker);
+        Send(*text, marker);
         text->SetTextAlignment(rviz::MovableText::H_LEFT, rviz::MovableText::V_ABOVE);
     }
     ParkLeftovers(infos, marker, passedIndices.size());
@@ -125,7 +125,7 @@ void RadarTrackVisual::RenderArrows(const custom::RadarTrackArray& message, cons
         const custom::RadarTrack& track = message.trackList[passedIndices[place]];
         marker.id = static_cast<int>(place);
         RadarMarkers::SetArrow(marker, arrow, track.x, track.y, track.z + lift, track.*x, track.*y);
-        set.markers[place]->setMessage(marker);
+        Send(*set.markers[place], marker);
     }
     ParkLeftovers(set, marker, passedIndices.size());
 }

@@ -51,6 +51,21 @@ bool RadarVisual::IsAllStatusEmpty() const
     return statusRecord.IsAllStatusEmpty();
 }
 
+void RadarVisual::Send(rviz::MarkerBase& marker, const visualization_msgs::Marker& message)
+{
+    if (RadarMarkers::IsFinite(message)) {
+        marker.setMessage(message);
+        return;
+    }
+    visualization_msgs::Marker parked = message;
+    parked.points.clear();
+    parked.pose.orientation = geometry_msgs::Quaternion();
+    parked.pose.orientation.w = 1;
+    parked.scale.x = parked.scale.y = parked.scale.z = 1;
+    RadarMarkers::Park(parked);
+    marker.setMessage(parked);
+}
+
 void RadarVisual::ParkLeftovers(MarkerSet& set, visualization_msgs::Marker marker, std::size_t count)
 {
     RadarMarkers::Park(marker);

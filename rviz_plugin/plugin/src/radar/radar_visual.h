@@ -61,6 +61,8 @@ protected:
     // Parks (invisible, far away) the markers the last drawing used beyond count, and remembers count.
     // Each kind keeps its own count, so that a kind switched off for a while leaves nothing behind.
     static void ParkLeftovers(MarkerSet& set, visualization_msgs::Marker marker, std::size_t count);
+    // Hands message to the marker, parked instead when it holds a number that is not finite.
+    static void Send(rviz::MarkerBase& marker, const visualization_msgs::Marker& message);
 
     rviz::DisplayContext* context = nullptr;
     Ogre::SceneNode* sceneNode = nullptr;

@@ -60,6 +60,24 @@ void Park(visualization_msgs::Marker& marker)
     marker.pose.position.x = marker.pose.position.y = marker.pose.position.z = parkingPosition;
 }
 
+bool IsFinite(const visualization_msgs::Marker& marker)
+{
+    const auto& p = marker.pose.position;
+    const auto& q = marker.pose.orientation;
+    const auto& s = marker.scale;
+    for (double value : {p.x, p.y, p.z, q.x, q.y, q.z, q.w, s.x, s.y, s.z}) {
+        if (!std::isfinite(value)) {
+            return false;
+        }
+    }
+    for (const auto& point : marker.points) {
+        if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 void SetArrow(visualization_msgs::Marker& marker, const RadarArrowSettings& arrow, double x, double y, double z,
               float vx, float vy)
 {

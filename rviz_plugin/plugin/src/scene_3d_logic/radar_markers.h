@@ -23,6 +23,9 @@ visualization_msgs::Marker Base(const std_msgs::Header& header, const std::strin
 // Invisible and far away, so that a shrinking message leaves nothing behind.
 void Park(visualization_msgs::Marker& marker);
 constexpr double parkingPosition = 9999999;
+// False when a position, orientation, scale or point of the marker is not a finite number: the checks
+// let NaN through, the scene must not get it.
+bool IsFinite(const visualization_msgs::Marker& marker);
 // Arrows shorter than this are drawn invisible.
 constexpr float minimumArrowSpeed = 0.1F;
 // An arrow of speed (vx, vy) at position; alpha the arrow colour's from the minimum speed on.

@@ -35,7 +35,7 @@ inline int CountVisible(const Ogre::SceneNode* node, const std::string& type)
 
 // Visible objects of a type under node that stand nearer than a kilometre to the origin: parked
 // markers (invisible and far away) don't count.
-inline int CountShown(const Ogre::SceneNode* node, const std::string& type)
+inline int CountShownUpdated(const Ogre::SceneNode* node, const std::string& type)
 {
     int count = 0;
     for (const Ogre::MovableObject* object : node->getAttachedObjects()) {
@@ -45,9 +45,15 @@ inline int CountShown(const Ogre::SceneNode* node, const std::string& type)
                      : 0;
     }
     for (const Ogre::Node* child : node->getChildren()) {
-        count += CountShown(static_cast<const Ogre::SceneNode*>(child), type);
+        count += CountShownUpdated(static_cast<const Ogre::SceneNode*>(child), type);
     }
     return count;
+}
+
+inline int CountShown(Ogre::SceneNode* node, const std::string& type)
+{
+    node->_update(true, false);  // the places of the nodes below, as the next frame will have them
+    return CountShownUpdated(node, type);
 }
 
 // Every scene object and node of the scene by name: a name is never reused, so a set that stays the

@@ -217,12 +217,14 @@ TEST(RadarInRviz, DetectionsPastTheLimitAndBadPointsAreLeftOutButListed)
 
     message->detectList.resize(20);
     message->detectList[7].vx = 0;
+    message->detectList[8].y = std::nanf("");  // passes the checks, but is not drawn
     display->processMessage(message);
     EXPECT_FALSE(StatusText(display, "RadarDetectArray"));
     EXPECT_FALSE(StatusText(display, "vx"));
+    EXPECT_FALSE(StatusText(display, "y"));
     EXPECT_EQ(display->Visual()->PassedCount(), 20U);
     EXPECT_EQ(model->item(20, 1)->text(), "");
-    EXPECT_EQ(CountShown(display->getSceneNode(), "Entity"), 20) << "the other markers are parked out of sight";
+    EXPECT_EQ(CountShown(display->getSceneNode(), "Entity"), 19) << "the other markers are parked out of sight";
 
     // A fourth field can't be ticked while three are.
     auto* info = qobject_cast<rviz_plugin::RadarInfoProperty*>(Child(display, "Info"));
@@ -232,6 +234,17 @@ TEST(RadarInRviz, DetectionsPastTheLimitAndBadPointsAreLeftOutButListed)
     EXPECT_EQ(info->FieldProperty(5)->getViewFlags(0), Qt::ItemFlags());
     info->FieldProperty(1)->setValue(false);
     EXPECT_FALSE(info->FieldProperty(5)->IsDisabled());
+
+    // Saved settings come back.
+    display->subProp("Point Size")->setValue(1.5);
+    rviz::Config config;
+    display->save(config);
+    auto* loaded = AddDisplay<rviz_plugin::RadarDetectDisplay>("Loaded");
+    loaded->load(config);
+    EXPECT_FLOAT_EQ(loaded->Settings().pointScale, 1.5F);
+    EXPECT_EQ(loaded->Settings().infoFields, display->Settings().infoFields);
+    EXPECT_TRUE(loaded->Settings().detailPanelShown);
+    Remove(loaded);
     Remove(display);
 }
 

@@ -127,6 +127,22 @@ TEST(RadarMarkers, ArrowsBelowATenthAreInvisibleAndTextsFallBackToADash)
     EXPECT_EQ(RadarMarkers::TrackFieldTexts(custom::RadarTrack()).size(), 20U);
 }
 
+TEST(RadarMarkers, ANumberThatIsNotFiniteAnywhereMakesTheMarkerUndrawable)
+{
+    visualization_msgs::Marker marker;
+    marker.pose.orientation.w = 1;
+    EXPECT_TRUE(RadarMarkers::IsFinite(marker));
+    marker.pose.position.y = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_FALSE(RadarMarkers::IsFinite(marker));
+    marker.pose.position.y = 0;
+    marker.scale.x = std::numeric_limits<double>::infinity();
+    EXPECT_FALSE(RadarMarkers::IsFinite(marker));
+    marker.scale.x = 1;
+    marker.points.resize(3);
+    marker.points[2].z = -std::numeric_limits<double>::infinity();
+    EXPECT_FALSE(RadarMarkers::IsFinite(marker));
+}
+
 TEST(RadarMarkers, TrackBoxesAreWireCuboidsOrAFlatRectangle)
 {
     custom::RadarTrack track;
