@@ -208,18 +208,8 @@ void ObjectArrayDisplay::CheckIfRecvFrameInSecond()
     }
 }
 
-void ObjectArrayDisplay::save(rviz::Config config) const
-{
-    rviz::MessageFilterDisplay<custom::ObjectArray>::save(config);
-    SavePropInternal(config);
-}
-
-void ObjectArrayDisplay::SavePropInternal(rviz::Config config) const
-{
-    // The classification node shows its row count in its name; its key never does.
-    classificationProperty->save(config.mapMakeChild("Classification Setting"));
-}
-
+// The classification node shows its row count beside its name; its name, and so its key, stays
+// "Classification Setting".
 void ObjectArrayDisplay::load(const rviz::Config& config)
 {
     classificationProperty->ClearSettingClassificationItems();

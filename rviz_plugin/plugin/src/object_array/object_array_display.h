@@ -37,7 +37,6 @@ public:
 
     void reset() override;
     void load(const rviz::Config& config) override;
-    void save(rviz::Config config) const override;
 
     const ObjectArraySettings& Settings() const { return *settings; }
     std::size_t ShownObjectCount() const;
@@ -63,7 +62,6 @@ private:
     void SetName();
     void ReRender();
     static void CheckBound(float& value);
-    void SavePropInternal(rviz::Config config) const;
 
     std::unique_ptr<ObjectArraySettings> settings;
     DisplayStatusSink statusSink{this};

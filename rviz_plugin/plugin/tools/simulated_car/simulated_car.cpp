@@ -426,6 +426,13 @@ int main(int argc, char** argv)
         return 2;
     }
     ros::NodeHandle node;
+    // The model first: a display that starts with the car reads it once.
+    const std::string urdf = ReadText(options.urdf);
+    if (urdf.empty()) {
+        std::cerr << "no vehicle model in " << options.urdf << "\n";
+    } else {
+        node.setParam("vehicle_description", urdf);
+    }
     std::vector<Camera> cameras;
     for (int index = 0; index < options.cameras; ++index) {
         Camera camera{cameraNames[index], simulated_car::SyntheticScene(options.width, options.height, index),
@@ -443,12 +450,6 @@ int main(int argc, char** argv)
               << " at " << options.fps << " fps" << std::endl;
 
     VehiclePublishers vehicle(node);
-    const std::string urdf = ReadText(options.urdf);
-    if (urdf.empty()) {
-        std::cerr << "no vehicle model in " << options.urdf << "\n";
-    } else {
-        node.setParam("vehicle_description", urdf);
-    }
     // The 3D perception sees what the front camera sees.
     const simulated_car::SyntheticScene frontCamera(640, 360, 0);
     ScenePublishers scene3d(node, frontCamera);
