@@ -1,5 +1,6 @@
 #include "stereo_freespace_display.h"
 
+#include "foundation/heap_settings.h"
 #include "foundation/logger_stream.h"
 #include "foundation/memory_exception.h"
 
@@ -30,6 +31,8 @@ StereoFreespaceDisplay::~StereoFreespaceDisplay()
 void StereoFreespaceDisplay::onInitialize()
 {
     std::set_new_handler(Orsa::HandleMemoryException);
+    // A grid and its clouds' vertex buffers are megabytes, made and freed for every message.
+    ReturnLargeBuffersToTheSystem();
     rviz::MessageFilterDisplay<orsa_msgs::StereoFreespace>::onInitialize();
     checker = std::make_unique<StereoFreespaceChecker>(statusSink);
     visual = std::make_unique<StereoFreespaceVisual>(colors, *checker);

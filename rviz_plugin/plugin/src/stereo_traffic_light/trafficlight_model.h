@@ -42,6 +42,7 @@ public:
     // Another mesh in the same place (the digits of a countdown).
     void SetMesh(const std::string& meshFile);
     bool IsLoaded() const { return entity != nullptr; }
+    const std::string& MeshFile() const { return meshFile; }
     Ogre::SceneNode* Node() const { return node; }
 
 private:

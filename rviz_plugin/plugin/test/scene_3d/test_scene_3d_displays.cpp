@@ -5,6 +5,8 @@
 #include "../support/qt_events.h"
 #include "../support/rviz_frame_main.h"
 
+#include "object_array/classification_property.h"
+#include "object_array/classification_setting_property.h"
 #include "object_array/object_array_display.h"
 #include "radar/radar_detect_display.h"
 #include "radar/radar_detect_visual.h"
@@ -16,6 +18,7 @@
 #include "stereo_freespace/stereo_freespace_display.h"
 #include "stereo_traffic_light/stereo_traffic_light.h"
 #include "stereo_traffic_light/trafficlight_manager.h"
+#include "stereo_traffic_light/trafficlight_model.h"
 #include "vehicle_models/vehicle_models.h"
 
 #include <gtest/gtest.h>
@@ -190,6 +193,34 @@ TEST_F(ObjectArrayInRviz, ClassificationRowsSaveUnderOneKeyAndLoadBack)
     Remove(loaded);
 }
 
+TEST_F(ObjectArrayInRviz, RowsAreAddedUpTo255TypedOverAndDeleted)
+{
+    auto* setting = qobject_cast<rviz_plugin::ClassificationSettingProperty*>(Child(display, "Classification Setting"));
+    ASSERT_NE(setting, nullptr);
+    EXPECT_EQ(setting->getViewData(0, Qt::DisplayRole).toString(), "Classification Setting (4)");
+    // A typed summary moves the row to its new value.
+    setting->GetRow(1)->setValue("7, cyclist");
+    EXPECT_EQ(display->Settings().classifications.count(1), 0U);
+    EXPECT_EQ(display->Settings().classifications.at(7).text, "cyclist");
+    EXPECT_EQ(setting->GetRow(1)->getValue().toString(), "7, cyclist");
+
+    for (int click = 0; click < 260; ++click) {
+        setting->OnAddButtonClick();
+    }
+    EXPECT_EQ(setting->GetRowCount(), 255);
+    EXPECT_EQ(display->Settings().classifications.at(255).text, "Classification255");
+
+    // Deleting one of the rows that share 255 keeps the record of the others.
+    Q_EMIT setting->GetRow(10)->DeletedClassification(255);
+    QApplication::processEvents();
+    EXPECT_EQ(setting->GetRowCount(), 254);
+    EXPECT_EQ(display->Settings().classifications.count(255), 1U);
+    Q_EMIT setting->GetRow(0)->DeletedClassification(0);
+    QApplication::processEvents();
+    EXPECT_EQ(display->Settings().classifications.count(0), 0U);
+    EXPECT_EQ(setting->getViewData(0, Qt::DisplayRole).toString(), "Classification Setting (253)");
+}
+
 TEST(RadarInRviz, DetectionsPastTheLimitAndBadPointsAreLeftOutButListed)
 {
     auto* display = AddDisplay<rviz_plugin::RadarDetectDisplay>("RadarDetect");
@@ -267,6 +298,21 @@ TEST(RadarInRviz, TracksDrawAsBoxesUpToAHundred)
               "The value of length in the received data exceeds the value range [0, 204.7]. Ensure this value is "
               "within the range.");
     EXPECT_EQ(CountVisible(display->getSceneNode(), "BillboardChain"), 99);
+
+    // The table lists all tracks, twenty columns without z; an acceleration on the upper limit is red.
+    display->subProp("Detail Panel")->setValue(true);
+    message->trackList[1].ax = 25.6F;
+    display->processMessage(message);
+    QStandardItemModel* model = display->InfoWidget()->Model();
+    EXPECT_EQ(model->rowCount(), 100);
+    EXPECT_EQ(model->columnCount(), 20);
+    EXPECT_EQ(model->headerData(13, Qt::Horizontal).toString(), "height");
+    EXPECT_EQ(model->item(0, 11)->text(), "205");
+    auto* delegate = qobject_cast<rviz_plugin::RadarItemDelegate*>(display->InfoWidget()->View()->itemDelegate());
+    ASSERT_NE(delegate, nullptr);
+    EXPECT_TRUE(delegate->IsOutOfRange("ax", model->item(1, 6)->text()));
+    EXPECT_FALSE(delegate->IsOutOfRange("ax", "-25.6"));
+    EXPECT_TRUE(delegate->IsOutOfRange("length", "205"));
     EXPECT_EQ(display->getName(), "RadarTrack");
     display->setTopic("/radar_track", "custom/RadarTrackArray");
     EXPECT_EQ(display->getName(), "RadarTrackArray(/radar_track)");
@@ -349,7 +395,12 @@ TEST(TrafficLightsInRviz, BadEntriesAreHiddenAndLifetimesRunOut)
         EXPECT_EQ(head[lamp]->GetState(), orsa_msgs::Light::BLACK);
         EXPECT_TRUE(head[lamp]->IsLoaded()) << "the generated mesh was not found";
     }
-    EXPECT_EQ(manager->Group(0, 1).size(), 3U);
+    const auto& countdown = manager->Group(0, 1);
+    ASSERT_EQ(countdown.size(), 3U);
+    EXPECT_EQ(countdown[1]->MeshFile(), "digital_14.dae");
+    EXPECT_EQ(countdown[2]->MeshFile(), "digital_24.dae");
+    // A horizontal head hangs half a metre higher.
+    EXPECT_FLOAT_EQ(countdown[0]->Node()->getParentSceneNode()->getParentSceneNode()->getPosition().z, 0.0F);
 
     EXPECT_TRUE(manager->IsIntersectionVisible(3));
     EXPECT_TRUE(test_support::ServeEvents([&]() { return !manager->IsIntersectionVisible(3); },
@@ -357,7 +408,13 @@ TEST(TrafficLightsInRviz, BadEntriesAreHiddenAndLifetimesRunOut)
     EXPECT_TRUE(manager->IsIntersectionVisible(4));
     message->trafficLights.resize(5);
     message->trafficLights[2].scale = 1;
+    message->trafficLights[0].direction = 1;
+    message->trafficLights[0].lights[1].countdownValue = 7;
     display->processMessage(message);
+    const auto& turned = manager->Group(0, 1);
+    EXPECT_EQ(turned[1]->MeshFile(), "digital_1.dae");
+    EXPECT_EQ(turned[2]->MeshFile(), "digital_22.dae");
+    EXPECT_FLOAT_EQ(turned[0]->Node()->getParentSceneNode()->getParentSceneNode()->getPosition().z, 0.5F);
     EXPECT_FALSE(StatusText(display, "trafficLights"));
     EXPECT_FALSE(StatusText(display, "scale"));
     EXPECT_TRUE(manager->IsIntersectionVisible(2));

@@ -34,8 +34,8 @@ public:
     static void BreakTrafficLights(orsa_msgs::StereoTrafficLightArray& lights, unsigned fault);
 
     // Grid cells along each axis, and their size in metres.
-    static constexpr int gridCells = 400;
-    static constexpr double gridResolution = 0.1;
+    static constexpr int gridCells = 200;
+    static constexpr double gridResolution = 0.2;
 
 private:
     struct Car {
