@@ -113,18 +113,5 @@ std::pair<int, int> GetCountdownIndex(uint8_t value)
     return {GetLeftCountdownIndex(shown / 10), GetRightCountdownIndex(shown % 10)};
 }
 
-QString LightTypeToString(uint8_t type)
-{
-    static const char* const names[] = {"ROUND_LIGHT", "STRAIGHT_ARROW", "LEFT_ARROW", "RIGHT_ARROW",
-                                        "U_TURN_ARROW", "COUNTDOWN_LIGHT", "OUTSIDE_BACK", "ROUND_BACK"};
-    return type < sizeof(names) / sizeof(names[0]) ? names[type] : QString("UNKNOWN_TYPE");
-}
-
-QString LightColorToString(uint8_t state)
-{
-    static const char* const names[] = {"UNKNOWN", "GREEN", "YELLOW", "RED", "BLACK"};
-    return state < sizeof(names) / sizeof(names[0]) ? names[state] : QString("UNKNOWN");
-}
-
 } // namespace TrafficLightLook
 } // namespace rviz_plugin

@@ -24,7 +24,7 @@ public:
     static bool RotationAvailable(double value) { return value >= -1 && value <= 1; }
     static bool DirectionAvailable(uint8_t direction) { return direction < 2; }
     static bool LifetimeAvailable(int value) { return value >= 0; }
-    static bool IntersectionNumAvailable(uint8_t count) { return count < maxIntersections + 1; }
+    // Counted as a size: a byte would wrap at 256 entries.
     static bool IntersectionNumAvailable(std::size_t count) { return count <= maxIntersections; }
     static bool TransformAvailable(const geometry_msgs::Transform& transform);
     // Direction, scale, both lifetime words, transform, then each light's type, state and countdown;
@@ -57,9 +57,6 @@ std::vector<uint8_t> LampStates(uint8_t state);
 int GetLeftCountdownIndex(int tens);
 int GetRightCountdownIndex(int ones);
 std::pair<int, int> GetCountdownIndex(uint8_t value);
-// The lamp kind names used in model names.
-QString LightTypeToString(uint8_t type);
-QString LightColorToString(uint8_t state);
 
 } // namespace TrafficLightLook
 

@@ -28,9 +28,6 @@ public:
     TrafficlightModel(const TrafficlightModel&) = delete;
     TrafficlightModel& operator=(const TrafficlightModel&) = delete;
 
-    bool IsRoundLight() const { return type == RoundLight; }
-    bool IsArrowLight() const { return type >= 1 && type <= 4; }
-    bool IsCountdownLight() const { return type == CountdownLight; }
     bool IsOutsideBack() const { return type == OutsideBack; }
     bool IsRoundBack() const { return type == RoundBack; }
 
