@@ -1,10 +1,8 @@
 #include "base_classifications.h"
 
-#include "classification_editors/classification_editor.h"
-#include "foundation/config_load_guard.h"
+#include "classification_editors/classification_value_property.h"
 
 #ifndef Q_MOC_RUN
-#include <rviz/config.h>
 #include <rviz/properties/bool_property.h>
 #include <rviz/properties/color_property.h>
 #include <rviz/properties/float_property.h>
@@ -33,7 +31,7 @@ QString RowDescription(const QString& subject)
 BaseClassifications::BaseClassifications(const QString& description, ClassificationSummary::Kind rowKind,
                                          std::unique_ptr<IppParameters>& params, Classifications IppConfig::*rows,
                                          rviz::Property* parent)
-    : rviz::Property("Classification", QVariant(), description, parent), kind(rowKind), parameters(params), table(rows)
+    : ClassificationRowProperty(description, parent), kind(rowKind), parameters(params), table(rows)
 {
 }
 
@@ -74,7 +72,7 @@ void BaseClassifications::Initialize(const unsigned& value, const QColor& color,
         connect(alphaProperty, &rviz::Property::changed, this, &BaseClassifications::UpdateClassificationData);
     }
     updating = false;
-    ReplaceIppParameterData(currentValue);
+    ReplaceEntry(currentValue);
 }
 
 ClassificationSummary BaseClassifications::GetSummary() const
@@ -119,7 +117,7 @@ void BaseClassifications::ChangeContentValue(const ClassificationSummary& summar
     }
     updating = false;
     currentValue = summary.value;
-    ReplaceIppParameterData(oldValue);
+    ReplaceEntry(oldValue);
 }
 
 void BaseClassifications::UpdateClassificationValue()
@@ -129,7 +127,7 @@ void BaseClassifications::UpdateClassificationValue()
     }
     const unsigned oldValue = currentValue;
     currentValue = static_cast<unsigned>(valueProperty->getInt());
-    ReplaceIppParameterData(oldValue);
+    ReplaceEntry(oldValue);
 }
 
 void BaseClassifications::UpdateClassificationData()
@@ -145,15 +143,15 @@ void BaseClassifications::UpdateClassificationData()
             return;
         }
     }
-    ReplaceIppParameterData(currentValue);
+    ReplaceEntry(currentValue);
 }
 
 void BaseClassifications::RefreshIppParameterData()
 {
-    ReplaceIppParameterData(currentValue);
+    ReplaceEntry(currentValue);
 }
 
-void BaseClassifications::ReplaceIppParameterData(unsigned oldValue)
+void BaseClassifications::ReplaceEntry(unsigned oldValue)
 {
     if (updating) {
         return;
@@ -188,42 +186,6 @@ void BaseClassifications::SetPropertyValueString()
     updating = true;
     rviz::Property::setValue(GetSummary().Format(kind));
     updating = wasUpdating;
-}
-
-void BaseClassifications::save(rviz::Config config) const
-{
-    for (int i = 0; i < numChildren(); ++i) {
-        childAt(i)->save(config.mapMakeChild(childAt(i)->getName()));
-    }
-}
-
-void BaseClassifications::load(const rviz::Config& config)
-{
-    updating = true;
-    const ConfigLoadGuard guard(this);
-    for (int i = 0; i < numChildren(); ++i) {
-        rviz::Property* child = childAt(i);
-        child->load(config.mapGetChild(child->getName()));
-    }
-    guard.RestoreInvalid(config);
-    updating = false;
-    const unsigned oldValue = currentValue;
-    currentValue = static_cast<unsigned>(valueProperty->getInt());
-    ReplaceIppParameterData(oldValue);
-}
-
-QWidget* BaseClassifications::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/)
-{
-    auto* editor = new ClassificationEditor(parent);
-    // The row goes after its editor has closed.
-    connect(editor, &ClassificationEditor::DeleteClicked, this, &BaseClassifications::OnDeleteButtonClick,
-            Qt::QueuedConnection);
-    return editor;
-}
-
-void BaseClassifications::OnDeleteButtonClick()
-{
-    Q_EMIT DeletedClassification(currentValue);
 }
 
 ObjectClassifications::ObjectClassifications(std::unique_ptr<IppParameters>& params, rviz::Property* parent)

@@ -4,11 +4,7 @@
 #include "kora_vision_logic/classification_summary.h"
 #include "overlay/ipp_parameters.h"
 
-#include "classification_editors/classification_value_property.h"
-
-#ifndef Q_MOC_RUN
-#include <rviz/properties/property.h>
-#endif
+#include "classification_editors/classification_row_property.h"
 
 #include <memory>
 
@@ -16,6 +12,7 @@ namespace rviz {
 class BoolProperty;
 class ColorProperty;
 class FloatProperty;
+class IntProperty;
 class StringProperty;
 } // namespace rviz
 
@@ -23,7 +20,7 @@ namespace rviz_plugin {
 
 // One "Classification" row: how the results of one class value look. Every change is written to
 // the item's settings under their mutex; the row's value column shows its summary.
-class BaseClassifications : public rviz::Property {
+class BaseClassifications : public ClassificationRowProperty {
     Q_OBJECT
 public:
     BaseClassifications(const QString& description, ClassificationSummary::Kind kind,
@@ -31,23 +28,12 @@ public:
                         rviz::Property* parent = nullptr);
 
     void Initialize(const unsigned& value, const QColor& color, const QString& text);
-    unsigned GetClassificationValue() const { return currentValue; }
     ClassificationSummary GetSummary() const;
     // Writes the row's entry into the settings.
     void RefreshIppParameterData();
 
     // A typed summary; one that does not parse leaves the row as it was.
     bool setValue(const QVariant& value) override;
-    // Only the children: the row's own value is their summary, and "Value" is the name of a child.
-    void save(rviz::Config config) const override;
-    void load(const rviz::Config& config) override;
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option) override;
-
-Q_SIGNALS:
-    void DeletedClassification(const unsigned& value);
-
-public Q_SLOTS:
-    void OnDeleteButtonClick();
 
 private Q_SLOTS:
     void UpdateClassificationValue();
@@ -56,21 +42,16 @@ private Q_SLOTS:
 private:
     void ChangeContentValue(const ClassificationSummary& summary);
     void SetPropertyValueString();
-    // Replaces the entry of oldValue by the row's present settings.
-    void ReplaceIppParameterData(unsigned oldValue);
+    void ReplaceEntry(unsigned oldValue) override;
 
     ClassificationSummary::Kind kind;
     std::unique_ptr<IppParameters>& parameters;
     Classifications IppConfig::*table;
-    ClassificationValueProperty* valueProperty = nullptr;
     rviz::StringProperty* textProperty = nullptr;
     rviz::ColorProperty* colorProperty = nullptr;
     rviz::BoolProperty* isSolidProperty = nullptr;
     rviz::IntProperty* lineThicknessProperty = nullptr;
     rviz::FloatProperty* alphaProperty = nullptr;
-    unsigned currentValue = 0;
-    // Set while the row fills its children itself, so that each child's change is not written alone.
-    bool updating = false;
 };
 
 class ObjectClassifications : public BaseClassifications {

@@ -3,11 +3,8 @@
 
 #include "overlay/ipp_parameters.h"
 
+#include "classification_editors/classification_table_property.h"
 #include "foundation/color_pool.h"
-
-#ifndef Q_MOC_RUN
-#include <rviz/properties/property.h>
-#endif
 
 #include <memory>
 #include <vector>
@@ -16,9 +13,8 @@ namespace rviz_plugin {
 
 class BaseClassifications;
 
-// The "Classification Setting" node of an input: its rows, with an add button in the value cell. It
-// shows "Classification Setting (n)" and is saved under "Classification Setting" whatever n is.
-class BaseSettingProperty : public rviz::Property {
+// The "Classification Setting" node of an input: its rows write the input's table in the item's settings.
+class BaseSettingProperty : public ClassificationTableProperty {
     Q_OBJECT
 public:
     static constexpr int maxRowCount = 256;
@@ -29,36 +25,24 @@ public:
 
     // One row per text, with values counting from 0; replaces the rows and the table.
     void InitDefaultValue(const std::vector<std::string>& texts);
-    void SetName();
-    void ClearSettingClassificationItems();
-    int GetRowCount() const { return rowCount; }
     BaseClassifications* GetRow(int index) const;
     // A row with ColorPool's colour for value; "not_configured" when text is empty.
     virtual BaseClassifications* AddClassificationItem(unsigned value, const QString& text);
     virtual void CleanIppClassifications();
 
-    QVariant getViewData(int column, int role) const override;
-    bool setValue(const QVariant& value) override;
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option) override;
-    void save(rviz::Config config) const override;
-    void load(const rviz::Config& config) override;
-
-public Q_SLOTS:
-    void OnAddButtonClick();
-
-private Q_SLOTS:
-    void OnDeletedClassification(const unsigned& value);
-
 protected:
     virtual BaseClassifications* CreateClassificationItem() = 0;
+    void AddNewRow() override;
+    rviz::Property* AddPlaceholderRow() override;
+    void ClearTable() override;
+    void RewriteTable() override;
+    void EraseEntry(unsigned value) override;
 
     std::unique_ptr<IppParameters>& parameters;
 
 private:
     Classifications IppConfig::*table;
     ColorPool::ColorType colorType;
-    int rowCount = 0;
-    bool canAdd = true;
 };
 
 class ObjectSettingProperty : public BaseSettingProperty {

@@ -1,12 +1,9 @@
 #include "classification_property.h"
 
-#include "classification_editors/classification_editor.h"
 #include "classification_editors/classification_value_property.h"
-#include "foundation/config_load_guard.h"
 #include "kora_vision_logic/classification_summary.h"
 
 #ifndef Q_MOC_RUN
-#include <rviz/config.h>
 #include <rviz/properties/color_property.h>
 #include <rviz/properties/float_property.h>
 #include <rviz/properties/string_property.h>
@@ -15,11 +12,10 @@
 namespace rviz_plugin {
 
 ClassificationProperty::ClassificationProperty(ObjectArraySettings& objectSettings, rviz::Property* parent)
-    : rviz::Property("Classification", QVariant(),
-                     "Allows users to set the text and colors of the cuboid and polygon that draw an object, which "
-                     "correspond to Value under Classification. After adding a Classification record, change the "
-                     "value of Text.",
-                     parent),
+    : ClassificationRowProperty("Allows users to set the text and colors of the cuboid and polygon that draw an "
+                                "object, which correspond to Value under Classification. After adding a "
+                                "Classification record, change the value of Text.",
+                                parent),
       settings(objectSettings)
 {
 }
@@ -46,7 +42,7 @@ void ClassificationProperty::Initialize(unsigned value, const ObjectClassificati
         connect(child, &rviz::Property::changed, this, &ClassificationProperty::OnChildChanged);
     }
     updating = false;
-    ReplaceRecord(currentValue);
+    ReplaceEntry(currentValue);
 }
 
 void ClassificationProperty::OnChildChanged()
@@ -61,15 +57,15 @@ void ClassificationProperty::OnChildChanged()
     }
     const unsigned oldValue = currentValue;
     currentValue = static_cast<unsigned>(valueProperty->getInt());
-    ReplaceRecord(oldValue);
+    ReplaceEntry(oldValue);
 }
 
 void ClassificationProperty::WriteRecord()
 {
-    ReplaceRecord(currentValue);
+    ReplaceEntry(currentValue);
 }
 
-void ClassificationProperty::ReplaceRecord(unsigned oldValue)
+void ClassificationProperty::ReplaceEntry(unsigned oldValue)
 {
     if (updating) {
         return;
@@ -111,39 +107,10 @@ bool ClassificationProperty::setValue(const QVariant& value)
         textProperty->setString(summary.text);
         updating = false;
         currentValue = summary.value;
-        ReplaceRecord(oldValue);
+        ReplaceEntry(oldValue);
     }
     ShowSummary();
     return true;
-}
-
-void ClassificationProperty::save(rviz::Config config) const
-{
-    for (int i = 0; i < numChildren(); ++i) {
-        childAt(i)->save(config.mapMakeChild(childAt(i)->getName()));
-    }
-}
-
-void ClassificationProperty::load(const rviz::Config& config)
-{
-    updating = true;
-    const ConfigLoadGuard guard(this);
-    for (int i = 0; i < numChildren(); ++i) {
-        childAt(i)->load(config.mapGetChild(childAt(i)->getName()));
-    }
-    guard.RestoreInvalid(config);
-    updating = false;
-    const unsigned oldValue = currentValue;
-    currentValue = static_cast<unsigned>(valueProperty->getInt());
-    ReplaceRecord(oldValue);
-}
-
-QWidget* ClassificationProperty::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/)
-{
-    auto* editor = new ClassificationEditor(parent);
-    connect(editor, &ClassificationEditor::DeleteClicked, this,
-            [this]() { Q_EMIT DeletedClassification(currentValue); }, Qt::QueuedConnection);
-    return editor;
 }
 
 } // namespace rviz_plugin

@@ -3,18 +3,15 @@
 
 #include "scene_3d_logic/object_array_settings.h"
 
-#ifndef Q_MOC_RUN
-#include <rviz/properties/property.h>
-#endif
+#include "classification_editors/classification_table_property.h"
 
 namespace rviz_plugin {
 
 class ClassificationProperty;
 
-// "Classification Setting" of the 3D objects: its rows, with an add button in the value cell. It shows
-// "Classification Setting (n)" and is saved under "Classification Setting" whatever n is. At most 255
+// "Classification Setting" of the 3D objects: its rows write the display's classification table. At most 255
 // rows.
-class ClassificationSettingProperty : public rviz::Property {
+class ClassificationSettingProperty : public ClassificationTableProperty {
     Q_OBJECT
 public:
     static constexpr int maxRowCount = static_cast<int>(ObjectArraySettings::maxClassificationRecords);
@@ -23,29 +20,21 @@ public:
 
     // The table's default records as rows.
     void InitDefaultValue();
-    void ClearSettingClassificationItems();
-    int GetRowCount() const { return numChildren(); }
     ClassificationProperty* GetRow(int index) const;
     ClassificationProperty* AddClassificationItem(unsigned value, const ObjectClassification& record);
 
-    QVariant getViewData(int column, int role) const override;
-    bool setValue(const QVariant& value) override;
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option) override;
-    void save(rviz::Config config) const override;
-    void load(const rviz::Config& config) override;
-
 Q_SIGNALS:
+    // A row or a record changed: what the objects look like.
     void ClassificationChanged();
 
-public Q_SLOTS:
-    void OnAddButtonClick();
-
-private Q_SLOTS:
-    void OnDeletedClassification(unsigned value);
+protected:
+    void AddNewRow() override;
+    rviz::Property* AddPlaceholderRow() override;
+    void ClearTable() override;
+    void RewriteTable() override;
+    void EraseEntry(unsigned value) override;
 
 private:
-    void SetName();
-
     ObjectArraySettings& settings;
 };
 

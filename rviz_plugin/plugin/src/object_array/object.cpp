@@ -75,6 +75,7 @@ void Object::Init(rviz::DisplayContext* context, Ogre::SceneNode* sceneNode)
     polygonMarker = std::make_unique<rviz::LineListMarker>(nullptr, context, polygonNode);
     velocityMarker = std::make_unique<rviz::ArrowMarker>(nullptr, context, velocityNode);
     infoMarker = std::make_unique<TextMarker>(context, infoNode);
+    infoMarker->SetTextAlignment(rviz::MovableText::H_LEFT, rviz::MovableText::V_ABOVE);
     Hide();
 }
 
@@ -167,7 +168,6 @@ void Object::RenderText(const custom::Object& object, const std_msgs::Header& he
         return;
     }
     infoMarker->setMessage(ObjectMarkers::Text(object, header, *settings, text));
-    infoMarker->SetTextAlignment(rviz::MovableText::H_LEFT, rviz::MovableText::V_ABOVE);
     infoNode->setVisible(true);
 }
 

@@ -24,8 +24,6 @@ namespace rviz_plugin {
 namespace {
 const char* const logModule = "ObjectArray";
 const char* const sizeStatus = "Incorrect objectList size";
-const char* const receiveStatus = "Data receiving failure";
-constexpr int receiveCheckMs = 1000;
 } // namespace
 
 ObjectArrayDisplay::ObjectArrayDisplay() = default;
@@ -44,8 +42,8 @@ void ObjectArrayDisplay::onInitialize()
     visual = std::make_unique<ObjectArrayVisual>(*settings, *msgChecker);
     visual->Init(context_, scene_node_);
     InitProperties();
-    connect(&receiveTimer, &QTimer::timeout, this, &ObjectArrayDisplay::CheckIfRecvFrameInSecond);
-    receiveTimer.start(receiveCheckMs);
+    receiveMonitor = new ReceiveMonitor(this, "No ObjectArray data was received in the last 1 second.",
+                                        [this]() { return messages_received_; });
     rviz::MessageFilterDisplay<custom::ObjectArray>::onInitialize();
 }
 
@@ -85,7 +83,9 @@ void ObjectArrayDisplay::reset()
 {
     rviz::MessageFilterDisplay<custom::ObjectArray>::reset();
     lastMessage.reset();
-    watchdog.Reset();
+    if (receiveMonitor != nullptr) {
+        receiveMonitor->Reset();
+    }
     if (visual) {
         visual->ResetObjectPool();
     }
@@ -197,15 +197,6 @@ void ObjectArrayDisplay::OnObjectInfoChanged()
 void ObjectArrayDisplay::OnClassificationChanged()
 {
     ReRender();
-}
-
-void ObjectArrayDisplay::CheckIfRecvFrameInSecond()
-{
-    if (watchdog.NothingSince(messages_received_)) {
-        setStatus(rviz::StatusProperty::Warn, receiveStatus, "No ObjectArray data was received in the last 1 second.");
-    } else {
-        deleteStatus(receiveStatus);
-    }
 }
 
 // The classification node shows its row count beside its name; its name, and so its key, stays

@@ -2,6 +2,7 @@
 #define RVIZ_PLUGIN_OBJECT_ARRAY_DISPLAY_H
 
 #include "scene_3d/display_status_sink.h"
+#include "scene_3d/receive_monitor.h"
 #include "scene_3d_logic/object_array_settings.h"
 #include "scene_3d_logic/status_sink.h"
 
@@ -9,8 +10,6 @@
 #include <custom/ObjectArray.h>
 #include <rviz/message_filter_display.h>
 #endif
-
-#include <QTimer>
 
 #include <memory>
 
@@ -55,7 +54,6 @@ private Q_SLOTS:
     void OnArrowScalePropertyChanged();
     void OnObjectInfoChanged();
     void OnClassificationChanged();
-    void CheckIfRecvFrameInSecond();
 
 private:
     void InitProperties();
@@ -68,8 +66,7 @@ private:
     std::unique_ptr<MsgChecker> msgChecker;
     std::unique_ptr<ObjectArrayVisual> visual;
     custom::ObjectArray::ConstPtr lastMessage;
-    QTimer receiveTimer;
-    ReceiveWatchdog watchdog;
+    ReceiveMonitor* receiveMonitor = nullptr;
 
     rviz::BoolProperty* cubeProperty = nullptr;
     rviz::BoolProperty* polygonProperty = nullptr;

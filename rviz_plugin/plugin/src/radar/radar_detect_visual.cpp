@@ -42,7 +42,9 @@ void RadarDetectVisual::InitMarkers()
     velocities = MarkerSet();
     for (unsigned index = 0; index < RadarDetectSettings::maxPoints; ++index) {
         points.markers.push_back(std::make_unique<rviz::ShapeMarker>(nullptr, context, pointNode));
-        infos.markers.push_back(std::make_unique<TextMarker>(context, infoNode));
+        auto text = std::make_unique<TextMarker>(context, infoNode);
+        text->SetTextAlignment(rviz::MovableText::H_LEFT, rviz::MovableText::V_ABOVE);
+        infos.markers.push_back(std::move(text));
         velocities.markers.push_back(std::make_unique<rviz::ArrowMarker>(nullptr, context, velocityNode));
     }
 }
@@ -80,48 +82,17 @@ void RadarDetectVisual::RenderPoint(const custom::RadarDetectArray& message)
 
 void RadarDetectVisual::RenderInfo(const custom::RadarDetectArray& message)
 {
-    if (!settings.infoShown) {
-        infoNode->setVisible(false);
-        return;
-    }
-    infoNode->setVisible(true);
-    visualization_msgs::Marker marker = RadarMarkers::Base(message.header, "info",
-                                                           visualization_msgs::Marker::TEXT_VIEW_FACING,
-                                                           settings.textColor);
-    marker.scale.x = marker.scale.y = marker.scale.z = settings.textScale;
-    for (std::size_t place = 0; place < passedIndices.size(); ++place) {
-        const custom::RadarDetect& point = message.detectList[passedIndices[place]];
-        marker.id = static_cast<int>(place);
-        marker.pose.position.x = point.x;
-        marker.pose.position.y = point.y;
-        marker.pose.position.z = 0;
-        RadarMarkers::SetText(marker,
-                              RadarMarkers::InfoText(RadarDetectSettings::InfoFieldNames(), settings.infoFields,
-                                                     RadarMarkers::DetectFieldTexts(point)),
-                              settings.textColor);
-        auto* text = static_cast<TextMarker*>(infos.markers[place].get());
-        Send(*text, marker);
-        text->SetTextAlignment(rviz::MovableText::H_LEFT, rviz::MovableText::V_ABOVE);
-    }
-    ParkLeftovers(infos, marker, passedIndices.size());
+    RenderTexts(settings.infoShown, infoNode, message.header, message.detectList, RadarDetectSettings::InfoFieldNames(),
+                settings.infoFields, settings.textColor, settings.textScale,
+                [](const custom::RadarDetect& point) { return ScenePoint(point.x, point.y, 0); },
+                RadarMarkers::DetectFieldTexts, infos);
 }
 
 void RadarDetectVisual::RenderVelocity(const custom::RadarDetectArray& message)
 {
-    if (!settings.velocityShown) {
-        velocityNode->setVisible(false);
-        return;
-    }
-    velocityNode->setVisible(true);
-    visualization_msgs::Marker marker = RadarMarkers::Base(message.header, "velocity", visualization_msgs::Marker::ARROW,
-                                                           settings.velocityArrow.color);
-    for (std::size_t place = 0; place < passedIndices.size(); ++place) {
-        const custom::RadarDetect& point = message.detectList[passedIndices[place]];
-        marker.id = static_cast<int>(place);
-        RadarMarkers::SetArrow(marker, settings.velocityArrow, point.x, point.y, 0, point.vx, point.vy);
-        Send(*velocities.markers[place], marker);
-    }
-    ParkLeftovers(velocities, marker, passedIndices.size());
+    RenderArrows(settings.velocityShown, velocityNode, message.header, message.detectList, "velocity",
+                 settings.velocityArrow, [](const custom::RadarDetect& point) { return ScenePoint(point.x, point.y, 0); },
+                 [](const custom::RadarDetect& point) { return std::make_pair(point.vx, point.vy); }, velocities);
 }
 
 } // namespace rviz_plugin

@@ -1,32 +1,37 @@
 #ifndef RVIZ_PLUGIN_RADAR_DISPLAY_H
 #define RVIZ_PLUGIN_RADAR_DISPLAY_H
 
+#include "radar_info_property.h"
 #include "radar_info_widget.h"
 #include "radar_visual.h"
 
 #include "foundation/logger_stream.h"
 #include "foundation/memory_exception.h"
 #include "scene_3d/display_status_sink.h"
+#include "scene_3d/receive_monitor.h"
 #include "scene_3d_logic/status_sink.h"
 
 #ifndef Q_MOC_RUN
 #include <rviz/display_context.h>
 #include <rviz/message_filter_display.h>
 #include <rviz/panel_dock_widget.h>
+#include <rviz/properties/bool_property.h>
 #include <rviz/properties/ros_topic_property.h>
 #include <rviz/window_manager_interface.h>
 #endif
 
-#include <QTimer>
-
+#include <memory>
 #include <new>
 #include <string>
+#include <vector>
 
 namespace rviz_plugin {
 
-// What the two radar displays share: the last message (redrawn when a setting changes), the once-a-second
-// receive check, the field statuses of the visual, and the detail panel docked at the bottom.
-template <typename T>
+// What the two radar displays share: the settings and the visual, the last message (redrawn when a setting
+// changes), the once-a-second receive check, the field statuses of the visual, the "Detail Panel" and "Info"
+// properties and the detail panel docked at the bottom. SettingsType has detailPanelShown, infoShown, textColor,
+// textScale and infoFields; VisualType takes the settings, Init and SetMessage.
+template <typename T, typename SettingsType, typename VisualType>
 class RadarDisplay : public rviz::MessageFilterDisplay<T> {
 public:
     // The panel's place in a main window of the given rectangle.
@@ -37,24 +42,82 @@ public:
 
     RadarInfoWidget* InfoWidget() const { return infoWidget; }
     rviz::PanelDockWidget* PanelDock() const { return panelDock; }
+    const SettingsType& Settings() const { return settings; }
+    VisualType* Visual() const { return visual.get(); }
+
+    ~RadarDisplay() override
+    {
+        visual.reset();
+        DestroyDetailPanel();
+    }
 
 protected:
-    explicit RadarDisplay(std::string logModule) : logModule(std::move(logModule)) {}
+    // name: the display's name without a topic, and the detail pane's.
+    RadarDisplay(std::string logModule, QString name) : name(std::move(name)), logModule(std::move(logModule)) {}
 
+    // The visual made and the detail pane docked; the subclass adds its properties after.
     void onInitialize() override
     {
         std::set_new_handler(Orsa::HandleMemoryException);
         rviz::MessageFilterDisplay<T>::onInitialize();
         InitQueueSizeProperty(this->queue_size_property_, this->unreliable_property_);
-        QObject::connect(&receiveTimer, &QTimer::timeout, this, [this]() { OnDataRecvStatusUpdateTimerTimeout(); });
-        receiveTimer.start(1000);
+        receiveMonitor = new ReceiveMonitor(this, "No Radar data was received in the last 1 second.",
+                                            [this]() { return this->messages_received_; });
+        visual = std::make_unique<VisualType>(settings);
+        ConnectVisual(visual.get());
+        visual->Init(this->context_, this->scene_node_);
+        CreateDetailPanel();
     }
 
     void reset() override
     {
         rviz::MessageFilterDisplay<T>::reset();
         lastMessage.reset();
-        watchdog.Reset();
+        if (receiveMonitor != nullptr) {
+            receiveMonitor->Reset();
+        }
+        if (visual) {
+            visual->Reset();
+        }
+    }
+
+    void updateTopic() override
+    {
+        rviz::MessageFilterDisplay<T>::updateTopic();
+        SetName();
+    }
+
+    // "Detail Panel" and "Info" with its fields, the last two properties of a radar display.
+    void AddPanelAndInfoProperties(const QString& panelDescription, const std::vector<RadarInfoProperty::Field>& fields)
+    {
+        detailPanelProperty = new rviz::BoolProperty("Detail Panel", settings.detailPanelShown, panelDescription, this);
+        QObject::connect(detailPanelProperty, &rviz::Property::changed, this, [this]() {
+            settings.detailPanelShown = detailPanelProperty->getBool();
+            UpdatePane();
+            Redraw();
+        });
+        infoProperty = new RadarInfoProperty(settings.infoShown, settings.textColor, settings.textScale,
+                                             "Indicates whether to display the values of selected fields in the 3D "
+                                             "area. A maximum of three fields can be selected at a time. For more "
+                                             "information, see the Detail Panel window.",
+                                             this);
+        infoProperty->AddFields(fields, settings.infoFields);
+        QObject::connect(infoProperty, &RadarInfoProperty::InfoChanged, this, [this]() {
+            settings.infoShown = infoProperty->getBool();
+            settings.textColor = infoProperty->TextColor();
+            settings.textScale = infoProperty->TextScale();
+            settings.infoFields = infoProperty->TickedFields();
+            Redraw();
+        });
+    }
+
+    void SetName()
+    {
+        const QString shown = DisplayNameWithTopic(name, this->topic_property_->getTopic());
+        this->setName(shown);
+        if (panelDock != nullptr) {
+            panelDock->setWindowTitle(shown);
+        }
     }
 
     void processMessage(const typename T::ConstPtr& message) override
@@ -71,9 +134,14 @@ protected:
         }
     }
 
-    virtual void ShowMsgInPanel(const typename T::ConstPtr& message) = 0;
-    virtual void ShowMsgInVisual(const typename T::ConstPtr& message) = 0;
-    virtual bool DetailPanelShown() const = 0;
+    void ShowMsgInPanel(const typename T::ConstPtr& message)
+    {
+        if (settings.detailPanelShown && infoWidget != nullptr) {
+            infoWidget->ShowMsg(message);
+        }
+    }
+
+    void ShowMsgInVisual(const typename T::ConstPtr& message) { visual->SetMessage(message); }
 
     void AddStatus(rviz::StatusProperty::Level level, const QString& name, const QString& text)
     {
@@ -92,16 +160,6 @@ protected:
         QObject::connect(visual, &RadarVisual::DelStatus, this, [this](const QString& name) { DelStatus(name); });
     }
 
-    void OnDataRecvStatusUpdateTimerTimeout()
-    {
-        if (watchdog.NothingSince(this->messages_received_)) {
-            this->setStatus(rviz::StatusProperty::Warn, "Data receiving failure",
-                            "No Radar data was received in the last 1 second.");
-        } else {
-            this->deleteStatus("Data receiving failure");
-        }
-    }
-
     // Draws the last message again, after a setting changed.
     void Redraw()
     {
@@ -111,12 +169,12 @@ protected:
         }
     }
 
-    // The detail panel: a pane at the bottom of the main window, hidden until asked for. onClosed runs
-    // when the user closes it.
-    template <typename OnClosed>
-    void CreateDetailPanel(const QString& name, OnClosed onClosed)
+    // The detail panel: a pane at the bottom of the main window, hidden until asked for; closing it unticks
+    // "Detail Panel".
+    void CreateDetailPanel()
     {
         infoWidget = new RadarInfoWidget();
+        InitializeTable(*infoWidget);
         rviz::WindowManagerInterface* windows = this->context_->getWindowManager();
         if (windows == nullptr) {
             return;  // no main window: the table stays off screen
@@ -127,7 +185,17 @@ protected:
         }
         panelDock->setIcon(this->getIcon());
         panelDock->hide();
-        QObject::connect(panelDock, &rviz::PanelDockWidget::closed, this, onClosed);
+        QObject::connect(panelDock, &rviz::PanelDockWidget::closed, this, [this]() { OnRadarPanelClosed(); });
+    }
+
+    // The table's columns and rows for the message type.
+    virtual void InitializeTable(RadarInfoWidget& table) = 0;
+
+    void OnRadarPanelClosed()
+    {
+        if (detailPanelProperty != nullptr) {
+            detailPanelProperty->setBool(false);
+        }
     }
 
     void DestroyDetailPanel()
@@ -145,7 +213,7 @@ protected:
     void UpdatePane()
     {
         if (panelDock != nullptr) {
-            panelDock->setVisible(DetailPanelShown() && this->isEnabled());
+            panelDock->setVisible(settings.detailPanelShown && this->isEnabled());
         }
     }
 
@@ -165,14 +233,18 @@ protected:
         UpdatePane();
     }
 
+    SettingsType settings;
+    std::unique_ptr<VisualType> visual;
     typename T::ConstPtr lastMessage;
     RadarInfoWidget* infoWidget = nullptr;
     rviz::PanelDockWidget* panelDock = nullptr;
+    rviz::BoolProperty* detailPanelProperty = nullptr;
+    RadarInfoProperty* infoProperty = nullptr;
 
 private:
+    QString name;
     std::string logModule;
-    QTimer receiveTimer;
-    ReceiveWatchdog watchdog;
+    ReceiveMonitor* receiveMonitor = nullptr;
 };
 
 } // namespace rviz_plugin

@@ -46,7 +46,9 @@ void RadarTrackVisual::InitMarkers()
     accelerations = MarkerSet();
     for (unsigned index = 0; index < RadarTrackSettings::maxTracks; ++index) {
         polygons.markers.push_back(std::make_unique<rviz::LineListMarker>(nullptr, context, polygonNode));
-        infos.markers.push_back(std::make_unique<TextMarker>(context, infoNode));
+        auto text = std::make_unique<TextMarker>(context, infoNode);
+        text->SetTextAlignment(rviz::MovableText::H_LEFT, rviz::MovableText::V_ABOVE);
+        infos.markers.push_back(std::move(text));
         velocities.markers.push_back(std::make_unique<rviz::ArrowMarker>(nullptr, context, velocityNode));
         accelerations.markers.push_back(std::make_unique<rviz::ArrowMarker>(nullptr, context, accelerationNode));
     }
@@ -89,65 +91,28 @@ void RadarTrackVisual::RenderPolygon(const custom::RadarTrackArray& message)
 
 void RadarTrackVisual::RenderInfo(const custom::RadarTrackArray& message)
 {
-    if (!settings.infoShown) {
-        infoNode->setVisible(false);
-        return;
-    }
-    infoNode->setVisible(true);
-    visualization_msgs::Marker marker = RadarMarkers::Base(message.header, "info",
-                                                           visualization_msgs::Marker::TEXT_VIEW_FACING,
-                                                           settings.textColor);
-    marker.scale.x = marker.scale.y = marker.scale.z = settings.textScale;
-    for (std::size_t place = 0; place < passedIndices.size(); ++place) {
-        const custom::RadarTrack& track = message.trackList[passedIndices[place]];
-        marker.id = static_cast<int>(place);
-        marker.pose.position.x = track.x;
-        marker.pose.position.y = track.y;
-        marker.pose.position.z = track.height;
-        RadarMarkers::SetText(marker,
-                              RadarMarkers::InfoText(RadarTrackSettings::InfoFieldNames(), settings.infoFields,
-                                                     RadarMarkers::TrackFieldTexts(track)),
-                              settings.textColor);
-        auto* text = static_cast<TextMarker*>(infos.markers[place].get());
-        Send(*text, marker);
-        text->SetTextAlignment(rviz::MovableText::H_LEFT, rviz::MovableText::V_ABOVE);
-    }
-    ParkLeftovers(infos, marker, passedIndices.size());
-}
-
-void RadarTrackVisual::RenderArrows(const custom::RadarTrackArray& message, const std::string& ns,
-                                    const RadarArrowSettings& arrow, float custom::RadarTrack::*x,
-                                    float custom::RadarTrack::*y, double lift, MarkerSet& set)
-{
-    visualization_msgs::Marker marker =
-        RadarMarkers::Base(message.header, ns, visualization_msgs::Marker::ARROW, arrow.color);
-    for (std::size_t place = 0; place < passedIndices.size(); ++place) {
-        const custom::RadarTrack& track = message.trackList[passedIndices[place]];
-        marker.id = static_cast<int>(place);
-        RadarMarkers::SetArrow(marker, arrow, track.x, track.y, track.z + lift, track.*x, track.*y);
-        Send(*set.markers[place], marker);
-    }
-    ParkLeftovers(set, marker, passedIndices.size());
+    // The text stands at the track's height, whatever its z.
+    RenderTexts(settings.infoShown, infoNode, message.header, message.trackList, RadarTrackSettings::InfoFieldNames(),
+                settings.infoFields, settings.textColor, settings.textScale,
+                [](const custom::RadarTrack& track) { return ScenePoint(track.x, track.y, track.height); },
+                RadarMarkers::TrackFieldTexts, infos);
 }
 
 void RadarTrackVisual::RenderVelocity(const custom::RadarTrackArray& message)
 {
-    velocityNode->setVisible(settings.velocityShown);
-    if (settings.velocityShown) {
-        RenderArrows(message, "velocity", settings.velocityArrow, &custom::RadarTrack::vx, &custom::RadarTrack::vy, 0,
-                     velocities);
-    }
+    RenderArrows(settings.velocityShown, velocityNode, message.header, message.trackList, "velocity",
+                 settings.velocityArrow, [](const custom::RadarTrack& track) { return ScenePoint(track.x, track.y, track.z); },
+                 [](const custom::RadarTrack& track) { return std::make_pair(track.vx, track.vy); }, velocities);
 }
 
 void RadarTrackVisual::RenderAcceleration(const custom::RadarTrackArray& message)
 {
-    accelerationNode->setVisible(settings.accelerationShown);
-    if (settings.accelerationShown) {
-        // Above the velocity arrow, so that the two stay apart.
-        const double lift = static_cast<double>(settings.velocityArrow.scale[2]) + settings.accelerationArrow.scale[2];
-        RenderArrows(message, "acceleration", settings.accelerationArrow, &custom::RadarTrack::ax,
-                     &custom::RadarTrack::ay, lift, accelerations);
-    }
+    // Above the velocity arrow, so that the two stay apart.
+    const double lift = static_cast<double>(settings.velocityArrow.scale[2]) + settings.accelerationArrow.scale[2];
+    RenderArrows(settings.accelerationShown, accelerationNode, message.header, message.trackList, "acceleration",
+                 settings.accelerationArrow,
+                 [lift](const custom::RadarTrack& track) { return ScenePoint(track.x, track.y, track.z + lift); },
+                 [](const custom::RadarTrack& track) { return std::make_pair(track.ax, track.ay); }, accelerations);
 }
 
 } // namespace rviz_plugin

@@ -30,9 +30,6 @@ private:
     void RenderInfo(const custom::RadarTrackArray& message);
     void RenderVelocity(const custom::RadarTrackArray& message);
     void RenderAcceleration(const custom::RadarTrackArray& message);
-    // An arrow per passed track from its (vx, vy) or (ax, ay), raised by lift.
-    void RenderArrows(const custom::RadarTrackArray& message, const std::string& ns, const RadarArrowSettings& arrow,
-                      float custom::RadarTrack::*x, float custom::RadarTrack::*y, double lift, MarkerSet& set);
 
     const RadarTrackSettings& settings;
     Ogre::SceneNode* velocityNode = nullptr;

@@ -6,7 +6,10 @@
 
 #include <QObject>
 
+#include "scene_3d_logic/radar_markers.h"
+
 #ifndef Q_MOC_RUN
+#include <OgreSceneNode.h>
 #include <rviz/properties/status_property.h>
 #include <visualization_msgs/Marker.h>
 #endif
@@ -63,6 +66,17 @@ protected:
     static void ParkLeftovers(MarkerSet& set, visualization_msgs::Marker marker, std::size_t count);
     // Hands message to the marker, parked instead when it holds a number that is not finite.
     static void Send(rviz::MarkerBase& marker, const visualization_msgs::Marker& message);
+    // A text of the ticked fields for each passed item, at where(item); fields(item) prints every field.
+    // Nothing when not shown.
+    template <typename Item, typename Where, typename Fields>
+    void RenderTexts(bool shown, Ogre::SceneNode* node, const std_msgs::Header& header, const std::vector<Item>& items,
+                     const std::vector<QString>& names, const std::vector<bool>& ticked, const QColor& color,
+                     float scale, Where where, Fields fields, MarkerSet& set);
+    // An arrow of velocity(item) (a pair of x and y components) for each passed item, at where(item).
+    template <typename Item, typename Where, typename Velocity>
+    void RenderArrows(bool shown, Ogre::SceneNode* node, const std_msgs::Header& header, const std::vector<Item>& items,
+                      const std::string& ns, const RadarArrowSettings& arrow, Where where, Velocity velocity,
+                      MarkerSet& set);
 
     rviz::DisplayContext* context = nullptr;
     Ogre::SceneNode* sceneNode = nullptr;
@@ -92,6 +106,60 @@ void RadarVisual::CheckItems(const std::vector<Item>& items, std::size_t maxCoun
         }
     }
     UpdateStatus();
+}
+
+template <typename Item, typename Where, typename Fields>
+void RadarVisual::RenderTexts(bool shown, Ogre::SceneNode* node, const std_msgs::Header& header,
+                              const std::vector<Item>& items, const std::vector<QString>& names,
+                              const std::vector<bool>& ticked, const QColor& color, float scale, Where where,
+                              Fields fields, MarkerSet& set)
+{
+    node->setVisible(shown);
+    if (!shown) {
+        return;
+    }
+    visualization_msgs::Marker marker =
+        RadarMarkers::Base(header, "info", visualization_msgs::Marker::TEXT_VIEW_FACING, color);
+    marker.scale.x = marker.scale.y = marker.scale.z = scale;
+    for (std::size_t place = 0; place < passedIndices.size(); ++place) {
+        const Item& item = items[passedIndices[place]];
+        marker.id = static_cast<int>(place);
+        marker.pose.position = where(item);
+        RadarMarkers::SetText(marker, RadarMarkers::InfoText(names, ticked, fields(item)), color);
+        Send(*set.markers[place], marker);
+    }
+    ParkLeftovers(set, marker, passedIndices.size());
+}
+
+template <typename Item, typename Where, typename Velocity>
+void RadarVisual::RenderArrows(bool shown, Ogre::SceneNode* node, const std_msgs::Header& header,
+                               const std::vector<Item>& items, const std::string& ns, const RadarArrowSettings& arrow,
+                               Where where, Velocity velocity, MarkerSet& set)
+{
+    node->setVisible(shown);
+    if (!shown) {
+        return;
+    }
+    visualization_msgs::Marker marker = RadarMarkers::Base(header, ns, visualization_msgs::Marker::ARROW, arrow.color);
+    for (std::size_t place = 0; place < passedIndices.size(); ++place) {
+        const Item& item = items[passedIndices[place]];
+        marker.id = static_cast<int>(place);
+        const geometry_msgs::Point position = where(item);
+        const std::pair<float, float> components = velocity(item);
+        RadarMarkers::SetArrow(marker, arrow, position.x, position.y, position.z, components.first, components.second);
+        Send(*set.markers[place], marker);
+    }
+    ParkLeftovers(set, marker, passedIndices.size());
+}
+
+// A point of the scene from its coordinates.
+inline geometry_msgs::Point ScenePoint(double x, double y, double z)
+{
+    geometry_msgs::Point point;
+    point.x = x;
+    point.y = y;
+    point.z = z;
+    return point;
 }
 
 } // namespace rviz_plugin

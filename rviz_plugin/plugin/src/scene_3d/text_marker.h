@@ -8,7 +8,7 @@
 
 namespace rviz_plugin {
 
-// A camera-facing text whose alignment is chosen (rviz's own centres it).
+// A camera-facing text whose alignment is chosen once and kept for every message (rviz's own centres it).
 class TextMarker : public rviz::TextViewFacingMarker {
 public:
     TextMarker(rviz::DisplayContext* context, Ogre::SceneNode* parentNode);

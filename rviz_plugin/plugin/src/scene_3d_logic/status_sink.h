@@ -16,22 +16,6 @@ public:
     virtual void DeleteStatus(const QString& name) = 0;
 };
 
-// Tells, once a second, whether a display received nothing since the last tick.
-class ReceiveWatchdog {
-public:
-    // True when count did not move since the previous call; the count is then remembered.
-    bool NothingSince(unsigned count)
-    {
-        const bool silent = count == lastCount;
-        lastCount = count;
-        return silent;
-    }
-    void Reset() { lastCount = 0; }
-
-private:
-    unsigned lastCount = 0;
-};
-
 } // namespace rviz_plugin
 
 #endif

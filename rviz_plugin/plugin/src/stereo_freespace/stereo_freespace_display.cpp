@@ -17,7 +17,6 @@ namespace rviz_plugin {
 
 namespace {
 const char* const logModule = "StereoFreespace";
-const char* const receiveStatus = "Data receiving failure";
 enum CellClass { NonFreespace = 0, Freespace = 1, Unknown = 2 };
 } // namespace
 
@@ -60,15 +59,17 @@ void StereoFreespaceDisplay::onInitialize()
         alpha->setMax(1.0F);
         alphaProperties[entry.cellClass] = alpha;
     }
-    connect(&receiveTimer, &QTimer::timeout, this, &StereoFreespaceDisplay::CheckIfRecvFrameInSecond);
-    receiveTimer.start(1000);
+    receiveMonitor = new ReceiveMonitor(this, "No StereoFreespace data was received in the last 1 second.",
+                                        [this]() { return messages_received_; });
 }
 
 void StereoFreespaceDisplay::reset()
 {
     rviz::MessageFilterDisplay<orsa_msgs::StereoFreespace>::reset();
     lastMessage.reset();
-    watchdog.Reset();
+    if (receiveMonitor != nullptr) {
+        receiveMonitor->Reset();
+    }
     if (visual) {
         visual->Reset();
     }
@@ -144,15 +145,6 @@ void StereoFreespaceDisplay::OnNonFreespaceColorChanged()
 void StereoFreespaceDisplay::OnUnknownSpaceColorChanged()
 {
     UpdateColor(Unknown);
-}
-
-void StereoFreespaceDisplay::CheckIfRecvFrameInSecond()
-{
-    if (watchdog.NothingSince(messages_received_)) {
-        setStatus(rviz::StatusProperty::Warn, receiveStatus, "No StereoFreespace data was received in the last 1 second.");
-    } else {
-        deleteStatus(receiveStatus);
-    }
 }
 
 } // namespace rviz_plugin

@@ -4,13 +4,12 @@
 #include "stereo_freespace_visual.h"
 
 #include "scene_3d/display_status_sink.h"
+#include "scene_3d/receive_monitor.h"
 
 #ifndef Q_MOC_RUN
 #include <orsa_msgs/StereoFreespace.h>
 #include <rviz/message_filter_display.h>
 #endif
-
-#include <QTimer>
 
 #include <array>
 #include <memory>
@@ -43,7 +42,6 @@ private Q_SLOTS:
     void OnFreespaceColorChanged();
     void OnNonFreespaceColorChanged();
     void OnUnknownSpaceColorChanged();
-    void CheckIfRecvFrameInSecond();
 
 private:
     void SetName();
@@ -56,8 +54,7 @@ private:
     std::unique_ptr<StereoFreespaceChecker> checker;
     std::unique_ptr<StereoFreespaceVisual> visual;
     orsa_msgs::StereoFreespace::ConstPtr lastMessage;
-    QTimer receiveTimer;
-    ReceiveWatchdog watchdog;
+    ReceiveMonitor* receiveMonitor = nullptr;
     std::array<rviz::ColorProperty*, FreespaceTiles::classCount> colorProperties{};
     std::array<rviz::FloatProperty*, FreespaceTiles::classCount> alphaProperties{};
 };

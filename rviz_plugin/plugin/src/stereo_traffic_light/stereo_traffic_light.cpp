@@ -17,7 +17,6 @@ namespace rviz_plugin {
 
 namespace {
 const char* const logModule = "StereoTrafficLight";
-const char* const receiveStatus = "Data receiving failure";
 const char* const countStatus = "trafficLights";
 } // namespace
 
@@ -34,15 +33,17 @@ void StereoTrafficLight::onInitialize()
     rviz::MessageFilterDisplay<orsa_msgs::StereoTrafficLightArray>::onInitialize();
     manager = std::make_unique<TrafficlightManager>(scene_manager_, scene_node_);
     InitQueueSizeProperty(queue_size_property_, unreliable_property_);
-    connect(&receiveTimer, &QTimer::timeout, this, &StereoTrafficLight::CheckIfRecvFrameInSecond);
-    receiveTimer.start(1000);
+    receiveMonitor = new ReceiveMonitor(this, "No StereoTrafficLightArray data was received in the last 1 second.",
+                                        [this]() { return messages_received_; });
 }
 
 void StereoTrafficLight::reset()
 {
     rviz::MessageFilterDisplay<orsa_msgs::StereoTrafficLightArray>::reset();
     lastMessage.reset();
-    watchdog.Reset();
+    if (receiveMonitor != nullptr) {
+        receiveMonitor->Reset();
+    }
     if (manager) {
         manager->Reset();
     }
@@ -106,16 +107,6 @@ void StereoTrafficLight::processMessage(const orsa_msgs::StereoTrafficLightArray
         manager->DisplayTrafficlight(*message);
     } catch (const std::exception& error) {
         Orsa::LoggerStream(logModule, Orsa::LogLevel::Error) << "Failed to draw traffic lights: " << error.what();
-    }
-}
-
-void StereoTrafficLight::CheckIfRecvFrameInSecond()
-{
-    if (watchdog.NothingSince(messages_received_)) {
-        setStatus(rviz::StatusProperty::Warn, receiveStatus,
-                  "No StereoTrafficLightArray data was received in the last 1 second.");
-    } else {
-        deleteStatus(receiveStatus);
     }
 }
 

@@ -6,9 +6,7 @@
 #include <rviz/message_filter_display.h>
 #endif
 
-#include "scene_3d_logic/status_sink.h"
-
-#include <QTimer>
+#include "scene_3d/receive_monitor.h"
 
 #include <memory>
 #include <vector>
@@ -34,9 +32,6 @@ protected:
     void updateTopic() override;
     void processMessage(const orsa_msgs::StereoTrafficLightArray::ConstPtr& message) override;
 
-private Q_SLOTS:
-    void CheckIfRecvFrameInSecond();
-
 private:
     void SetName();
     void ClearLightErrorStatus();
@@ -45,8 +40,7 @@ private:
     std::unique_ptr<TrafficlightManager> manager;
     orsa_msgs::StereoTrafficLightArray::ConstPtr lastMessage;
     std::vector<QString> errorStatusNames;
-    QTimer receiveTimer;
-    ReceiveWatchdog watchdog;
+    ReceiveMonitor* receiveMonitor = nullptr;
 };
 
 } // namespace rviz_plugin

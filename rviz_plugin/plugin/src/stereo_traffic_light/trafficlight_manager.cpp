@@ -258,23 +258,21 @@ void TrafficlightManager::SetDisplayColor(LightGroup& group, const orsa_msgs::Li
 
 void TrafficlightManager::SetRoundLightDisplayColor(LightGroup& group, const orsa_msgs::Light& light)
 {
-    const std::vector<uint8_t> states = TrafficLightLook::LampStates(light.state);
-    for (std::size_t lamp = 0; lamp < states.size(); ++lamp) {
-        TrafficlightModel& model = *group.models[1 + lamp];
-        model.SetType(light.type);
-        model.SetState(states[lamp]);
-        model.SetColor();
-    }
+    SetLampColors(group, light, 1);
 }
 
 void TrafficlightManager::SetArrowLightDisplayColor(LightGroup& group, const orsa_msgs::Light& light)
 {
-    if (group.models.size() < 7) {
-        return;
+    if (group.models.size() >= 7) {
+        SetLampColors(group, light, 4);
     }
+}
+
+void TrafficlightManager::SetLampColors(LightGroup& group, const orsa_msgs::Light& light, std::size_t first)
+{
     const std::vector<uint8_t> states = TrafficLightLook::LampStates(light.state);
     for (std::size_t lamp = 0; lamp < states.size(); ++lamp) {
-        TrafficlightModel& model = *group.models[4 + lamp];
+        TrafficlightModel& model = *group.models[first + lamp];
         model.SetType(light.type);
         model.SetState(states[lamp]);
         model.SetColor();

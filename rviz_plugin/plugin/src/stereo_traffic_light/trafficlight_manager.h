@@ -66,6 +66,8 @@ private:
     void SetRoundLightDisplayColor(LightGroup& group, const orsa_msgs::Light& light);
     void SetArrowLightDisplayColor(LightGroup& group, const orsa_msgs::Light& light);
     void SetCountdownLightDisplayColor(LightGroup& group, const orsa_msgs::Light& light);
+    // The three lamps from models[first] on, in the colours of the light's state.
+    void SetLampColors(LightGroup& group, const orsa_msgs::Light& light, std::size_t first);
     void IntersectionNodeManage(const orsa_msgs::StereoTrafficLightArray& message);
     void SetLifetime(const orsa_msgs::StereoTrafficLightArray& message);
     void DestroyGroups(Intersection& intersection);

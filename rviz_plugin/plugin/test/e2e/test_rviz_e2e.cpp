@@ -273,7 +273,6 @@ TEST_F(RvizEndToEnd, SceneLayoutShowsTheSixDisplaysFedByTheSimulatedCar)
               }),
               40)
         << "no traffic lights";
-    EXPECT_EQ(rviz->Log().find("URDF"), std::string::npos) << rviz->Log();
     EXPECT_EQ(rviz->Stop(), 0);
 }
 

@@ -162,6 +162,15 @@ TEST_F(ObjectArrayInRviz, SettingsActAtOnceOnTheLastMessageAndBadFieldsHideTheir
     EXPECT_FLOAT_EQ(display->Settings().arrowScale[0], 3.0F);
 }
 
+TEST_F(ObjectArrayInRviz, ASilentTopicIsToldOnceASecond)
+{
+    EXPECT_FALSE(StatusText(display, "Data receiving failure"));
+    EXPECT_TRUE(test_support::ServeEvents([&]() { return StatusText(display, "Data receiving failure").has_value(); },
+                                          std::chrono::milliseconds(2500)));
+    EXPECT_EQ(StatusText(display, "Data receiving failure").value_or(""),
+              "No ObjectArray data was received in the last 1 second.");
+}
+
 TEST_F(ObjectArrayInRviz, AWarmPoolMakesAndDestroysNothingPerMessage)
 {
     display->processMessage(Objects(100));
