@@ -430,6 +430,10 @@ bool Parser::deserializeIntoFlatMsg(Span<uint8_t> buffer, FlatMessage* flat) con
     Output out(*flat);
     FieldTreeLeaf leaf;
     DecodeMessage(*programs_->root, reader, out, leaf, true);
+    if (reader.Remaining() != 0) {
+        throw DeserializeError("buffer too long: " + std::to_string(reader.Remaining()) +
+                               " bytes left after the message");
+    }
     return true;
 }
 

@@ -36,8 +36,9 @@ public:
 
     const std::shared_ptr<MessageSchema>& getSchema() const { return schema_; }
 
-    // Decodes buffer into flat (reused). Throws DeserializeError for this message only; flat is then
-    // left with what was decoded before the error.
+    // Decodes buffer into flat (reused). Throws DeserializeError for this message only, for a buffer
+    // too short or one with bytes left after the message; flat is then left with what was decoded
+    // before the error.
     bool deserializeIntoFlatMsg(Span<uint8_t> buffer, FlatMessage* flat) const;
 
     class Reader;

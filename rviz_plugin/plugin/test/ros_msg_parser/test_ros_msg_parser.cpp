@@ -459,3 +459,54 @@ TEST(RosMsgParser, BadDefinitionsAndBadBuffersFailAlone)
     // The parser is not harmed: the next good message decodes.
     EXPECT_TRUE(parser.deserializeIntoFlatMsg(Span<uint8_t>(good), &flat));
 }
+
+namespace {
+// The message decodes from its own bytes, and fails with one byte more or one byte less.
+template <typename T>
+void ExpectExactLength(const T& message)
+{
+    Parser parser = MakeParser<T>("/exact");
+    FlatMessage flat;
+    std::vector<uint8_t> bytes = Serialize(message);
+    const std::string type = ros::message_traits::DataType<T>::value();
+    EXPECT_NO_THROW(parser.deserializeIntoFlatMsg(Span<uint8_t>(bytes), &flat)) << type;
+    bytes.push_back(0);
+    EXPECT_THROW(parser.deserializeIntoFlatMsg(Span<uint8_t>(bytes), &flat), RosMsgParser::DeserializeError) << type;
+    bytes.pop_back();
+    bytes.pop_back();
+    EXPECT_THROW(parser.deserializeIntoFlatMsg(Span<uint8_t>(bytes), &flat), RosMsgParser::DeserializeError) << type;
+}
+} // namespace
+
+TEST(RosMsgParser, BytesLeftAfterTheMessageAreADecodeError)
+{
+    sensor_msgs::Imu imu;
+    imu.header = Header(1);
+    ExpectExactLength(imu);
+    visualization_msgs::MarkerArray markers;
+    markers.markers.resize(3);
+    markers.markers[1].text = "label";
+    markers.markers[2].points.resize(4);
+    ExpectExactLength(markers);
+    sensor_msgs::Image image;
+    image.data.assign(300, 7);
+    ExpectExactLength(image);
+    sensor_msgs::PointCloud2 cloud;
+    cloud.fields.resize(2);
+    cloud.data.assign(64, 1);
+    ExpectExactLength(cloud);
+    sensor_msgs::CameraInfo info;
+    info.D.assign(5, 0.1);
+    ExpectExactLength(info);
+    ExpectExactLength(nav_msgs::Odometry());
+    tf2_msgs::TFMessage transforms;
+    transforms.transforms.resize(2);
+    ExpectExactLength(transforms);
+    custom::ObjectArray objects;
+    objects.objectList.resize(2);
+    ExpectExactLength(objects);
+    ExpectExactLength(custom::RoadInfo());
+    orsa_msgs::StereoTrafficLightArray lights;
+    lights.trafficLights.resize(1);
+    ExpectExactLength(lights);
+}
