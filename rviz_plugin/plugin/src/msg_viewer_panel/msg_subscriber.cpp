@@ -1,18 +1,12 @@
 #include "msg_subscriber.h"
 
-#include "foundation/logger.h"
+#include "viewer_log.h"
 
 namespace rviz_plugin {
 
 namespace {
-const char* const logModule = "MSG Viewer";
 constexpr uint32_t subscriberQueueSize = 10;
 constexpr int maxArraySize = 100;
-
-void LogError(const std::string& message)
-{
-    Orsa::Logger::GetInstance().WriteLog(logModule, Orsa::LogLevel::Error, message);
-}
 } // namespace
 
 MsgSubscriber::MsgSubscriber() = default;
@@ -66,7 +60,7 @@ void MsgSubscriber::TopicCallbackSelect(const RosMsgParser::ShapeShifter& msg, c
         parsers.registerParser(topic, msg, maxArraySize);
         pack = parsers.getPack(topic);
     } catch (const std::exception& error) {
-        LogError("Failed to parse the definition of " + topic + ": " + error.what());
+        ViewerLog("Failed to parse the definition of " + topic + ": " + error.what());
         return;
     }
     if (pack == nullptr) {
@@ -79,21 +73,21 @@ void MsgSubscriber::TopicCallbackSelect(const RosMsgParser::ShapeShifter& msg, c
         "name of the message to be published.";
     // The parser stays bound to the first type; bytes of another type are not decoded with it.
     if (msg.getDataType() != pack->datatype) {
-        LogError(typeChanged);
+        ViewerLog(typeChanged);
         return;
     }
     try {
         pack->parser.deserializeIntoFlatMsg(RosMsgParser::Span<uint8_t>(msg.raw_data()), &pack->scratch.flatMessage);
         RosMsgParser::CreateRenamedValues(pack->scratch.flatMessage, pack->scratch.flatValues);
     } catch (const RosMsgParser::RangeException& error) {
-        LogError(error.what());
+        ViewerLog(error.what());
         Q_EMIT SignalErrorCatched(QString::fromStdString(topic),
                                   "In the sent data, the maximum value of the field of the int64 type exceeds "
                                   "18014398509482060, or the maximum value of the field of the uint64 type exceeds "
                                   "27137417339209760.");
         return;
     } catch (const std::runtime_error&) {
-        LogError(typeChanged);
+        ViewerLog(typeChanged);
         return;
     }
     std::swap(pack->msg, pack->scratch);
