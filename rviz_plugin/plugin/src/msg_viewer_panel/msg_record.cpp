@@ -105,4 +105,54 @@ void MsgRecord::UpdateFieldsNickName(const std::string& topic, const std::string
     }
 }
 
+void MsgRecord::ParsePanelData(const MsgRecordStruct::PanelData* panel)
+{
+    if (panel == nullptr) {
+        return;
+    }
+    topicSelections.clear();
+    fieldSelections.clear();
+    selectedArrayName = panel->selectedArrayName;
+    if (panel->hasArrayField) {
+        ParseArrayPanelData(*panel);
+    } else {
+        ParseKeyValuePanelData(*panel);
+    }
+}
+
+void MsgRecord::AddFields(const std::string& topic, const QVector<MsgRecordStruct::FieldData>& fields)
+{
+    auto& selections = fieldSelections[topic];
+    for (const MsgRecordStruct::FieldData& field : fields) {
+        MsgRecordStruct::FieldsSelection selection;
+        selection.fieldName = field.fieldName.toStdString();
+        selection.fieldType = field.fieldType.toStdString();
+        selection.nickName = field.fieldNickName.toStdString();
+        if (selection.nickName == selection.fieldName) {
+            selection.nickName.clear();
+        }
+        selections.push_back(selection);
+    }
+}
+
+void MsgRecord::ParseArrayPanelData(const MsgRecordStruct::PanelData& panel)
+{
+    const std::string topic = panel.topicName.toStdString();
+    MsgRecordStruct::TopicSelection& selection = topicSelections[topic];
+    selection.topicName = topic;
+    selection.isChecked = true;
+    AddFields(topic, panel.fields);
+}
+
+void MsgRecord::ParseKeyValuePanelData(const MsgRecordStruct::PanelData& panel)
+{
+    for (const MsgRecordStruct::TopicData& data : panel.topics) {
+        const std::string topic = data.topicName.toStdString();
+        MsgRecordStruct::TopicSelection& selection = topicSelections[topic];
+        selection.topicName = topic;
+        selection.nickName = data.topicNickName.toStdString() == topic ? std::string() : data.topicNickName.toStdString();
+        AddFields(topic, data.fields);
+    }
+}
+
 } // namespace rviz_plugin

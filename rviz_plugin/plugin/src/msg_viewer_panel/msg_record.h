@@ -28,6 +28,8 @@ public:
     void UpdateTopicNickName(const std::string& topic, const std::string& name);
     std::string GetFieldsNickName(const std::string& topic, const std::string& field) const;
     void UpdateFieldsNickName(const std::string& topic, const std::string& field, const std::string& name);
+    // Rebuilds the selection from a saved panel.
+    void ParsePanelData(const MsgRecordStruct::PanelData* panel);
     void ShutdownSubscriber() { msgSubscriber.ShutdownSubscriber(); }
 
     bool IsTable() const { return isTable; }
@@ -35,6 +37,10 @@ public:
     MsgSubscriber& GetSubscriber() { return msgSubscriber; }
 
 private:
+    void ParseArrayPanelData(const MsgRecordStruct::PanelData& panel);
+    void ParseKeyValuePanelData(const MsgRecordStruct::PanelData& panel);
+    void AddFields(const std::string& topic, const QVector<MsgRecordStruct::FieldData>& fields);
+
     std::map<std::string, MsgRecordStruct::TopicSelection> topicSelections;
     std::map<std::string, std::vector<MsgRecordStruct::FieldsSelection>> fieldSelections;
     bool isTable = false;

@@ -1,12 +1,16 @@
 #ifndef RVIZ_PLUGIN_MSG_RECORD_STRUCT_H
 #define RVIZ_PLUGIN_MSG_RECORD_STRUCT_H
 
+#include <QMap>
 #include <QPair>
+#include <QRect>
 #include <QString>
 #include <QVector>
 
 #include <map>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace rviz_plugin {
 namespace MsgRecordStruct {
@@ -43,6 +47,24 @@ struct TopicData {
     QString topicName;
     QString topicNickName;
     QVector<FieldData> fields;
+};
+
+// One user panel as saved.
+struct PanelData {
+    bool hasArrayField = false;
+    bool isChecked = false;
+    QString panelName;
+    QRect widgetPosition;
+    std::map<std::string, std::vector<std::pair<std::string, std::string>>> selectedItemMap;
+    QMap<QString, QString> fieldSearchResult;
+    std::string selectedArrayName;
+    // A table's.
+    QString topicName;
+    int showStatus = 0;
+    int sortIndex = -1;
+    QVector<FieldData> fields;
+    // A key-value panel's.
+    QVector<TopicData> topics;
 };
 
 } // namespace MsgRecordStruct

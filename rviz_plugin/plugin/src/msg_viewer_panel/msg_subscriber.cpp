@@ -11,7 +11,7 @@ constexpr int maxArraySize = 100;
 
 MsgSubscriber::MsgSubscriber() = default;
 
-ros::Subscriber MsgSubscriber::Subscribe(const std::string& topic, bool display)
+ros::Subscriber MsgSubscriber::Subscribe(const std::string& topic, Purpose purpose)
 {
     ros::SubscribeOptions options;
     options.topic = topic;
@@ -19,11 +19,11 @@ ros::Subscriber MsgSubscriber::Subscribe(const std::string& topic, bool display)
     options.md5sum = ros::message_traits::md5sum<RosMsgParser::ShapeShifter>();
     options.datatype = ros::message_traits::datatype<RosMsgParser::ShapeShifter>();
     options.helper = boost::make_shared<ros::SubscriptionCallbackHelperT<const RosMsgParser::ShapeShifter::ConstPtr&>>(
-        [this, topic, display](const RosMsgParser::ShapeShifter::ConstPtr& msg) {
-            if (display) {
+        [this, topic, purpose](const RosMsgParser::ShapeShifter::ConstPtr& msg) {
+            if (purpose == Purpose::Display) {
                 TopicCallbackDisplay(*msg, topic);
             } else {
-                TopicCallbackSelect(*msg, topic);
+                TopicCallbackDefinition(*msg, topic);
             }
         });
     return nodeHandle.subscribe(options);
@@ -34,7 +34,15 @@ void MsgSubscriber::UpdateMsgDefinitionSubscriber()
     ros::master::V_TopicInfo topics;
     ros::master::getTopics(topics);
     for (const auto& info : topics) {
-        subscribers[info.name] = Subscribe(info.name, false);
+        auto subscriber = subscribers.find(info.name);
+        if (deserializedMsgs.count(info.name) != 0) {
+            if (subscriber != subscribers.end()) {
+                subscriber->second.shutdown();
+                subscribers.erase(subscriber);
+            }
+        } else if (subscriber == subscribers.end() || !subscriber->second) {
+            subscribers[info.name] = Subscribe(info.name, Purpose::Definition);
+        }
     }
 }
 
@@ -42,7 +50,7 @@ void MsgSubscriber::UpdateMsgDisplaySubscriber(const std::map<std::string, std::
 {
     subscribers.clear();
     for (const auto& [topic, fields] : topicFields) {
-        subscribers[topic] = Subscribe(topic, true);
+        subscribers[topic] = Subscribe(topic, Purpose::Display);
     }
 }
 
@@ -53,16 +61,29 @@ void MsgSubscriber::ShutdownSubscriber()
     }
 }
 
-void MsgSubscriber::TopicCallbackSelect(const RosMsgParser::ShapeShifter& msg, const std::string& topic)
+MsgParsers::CachedPack* MsgSubscriber::Register(const RosMsgParser::ShapeShifter& msg, const std::string& topic)
 {
-    MsgParsers::CachedPack* pack = nullptr;
     try {
         parsers.registerParser(topic, msg, maxArraySize);
-        pack = parsers.getPack(topic);
+        return parsers.getPack(topic);
     } catch (const std::exception& error) {
         ViewerLog("Failed to parse the definition of " + topic + ": " + error.what());
-        return;
+        return nullptr;
     }
+}
+
+void MsgSubscriber::TopicCallbackDefinition(const RosMsgParser::ShapeShifter& msg, const std::string& topic)
+{
+    MsgParsers::CachedPack* pack = Register(msg, topic);
+    if (pack != nullptr && deserializedMsgs.count(topic) == 0) {
+        pack->msg.flatMessage.schema = pack->parser.getSchema();
+        deserializedMsgs[topic] = &pack->msg;
+    }
+}
+
+void MsgSubscriber::TopicCallbackSelect(const RosMsgParser::ShapeShifter& msg, const std::string& topic)
+{
+    MsgParsers::CachedPack* pack = Register(msg, topic);
     if (pack == nullptr) {
         return;
     }

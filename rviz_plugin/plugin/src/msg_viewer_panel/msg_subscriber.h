@@ -24,7 +24,9 @@ class MsgSubscriber : public QObject {
 public:
     MsgSubscriber();
 
-    // Every topic on the master, for the definition dialog.
+    // Every topic on the master, for the definition dialog, which needs each topic's definition and
+    // no values: a topic is subscribed until its first message has given its definition, and no
+    // message of it is decoded.
     void UpdateMsgDefinitionSubscriber();
     // The topics of one panel, replacing the earlier subscriptions.
     void UpdateMsgDisplaySubscriber(const std::map<std::string, std::vector<std::string>>& topicFields);
@@ -34,13 +36,16 @@ public:
 
     void TopicCallbackSelect(const RosMsgParser::ShapeShifter& msg, const std::string& topic);
     void TopicCallbackDisplay(const RosMsgParser::ShapeShifter& msg, const std::string& topic);
+    void TopicCallbackDefinition(const RosMsgParser::ShapeShifter& msg, const std::string& topic);
 
 Q_SIGNALS:
     void UpdateDisplayModel();
     void SignalErrorCatched(const QString& topic, const QString& message);
 
 private:
-    ros::Subscriber Subscribe(const std::string& topic, bool display);
+    enum class Purpose { Definition, Display };
+    ros::Subscriber Subscribe(const std::string& topic, Purpose purpose);
+    MsgParsers::CachedPack* Register(const RosMsgParser::ShapeShifter& msg, const std::string& topic);
 
     MsgDataHandler handler;
     ros::NodeHandle nodeHandle;
