@@ -51,6 +51,8 @@ public:
     ConstantList GetConvertConstants(const std::string& topic) const;
     void ConvertConstants(int viewColumn, const ConstantList& selected);
     ConstantList GetConvertConstantSelected(int viewColumn) const;
+    // Constants of a loaded panel, by the column's place in the saved order.
+    void SetLoadedConstants(int logicalColumn, const ConstantList& constants) { convertConstants[logicalColumn] = constants; }
 
     // The visible titles, in view order, and each title's type ("[COLOR]" and the group for a colour).
     QVector<QString> GetVisibleTitles() const;

@@ -541,3 +541,57 @@ TEST_F(RvizEndToEnd, OffsetDialogWritesTheFileAndAReopenShowsTheSameTicks)
 }
 
 } // namespace
+
+// The block of the message viewer's panels in a saved configuration.
+std::string MsgDataPanelBlock(const std::string& config)
+{
+    const std::size_t start = config.find("    MsgDataPanel:\n");
+    if (start == std::string::npos) {
+        return std::string();
+    }
+    std::size_t end = start + 1;
+    while ((end = config.find('\n', end)) != std::string::npos && end + 1 < config.size() &&
+           config.compare(end + 1, 6, "      ") == 0) {
+        ++end;
+    }
+    return config.substr(start, end == std::string::npos ? std::string::npos : end - start);
+}
+
+// A table of the objects and key-value grids of the vehicle status, fed by the simulated car; saved,
+// reloaded and saved again, the viewer's panels come back with the same columns, order, names, sort
+// and colours.
+TEST_F(RvizEndToEnd, ViewerPanelsShowTheCarAndReloadAsSaved)
+{
+    test_support::Environment environment = master->RosEnvironment();
+    test_support::Process car({simulatedCar, "--cameras", "1", "--width", "320", "--height", "180", "--fps", "10"},
+                              work / "simulated_car.log", environment);
+    auto rviz = StartRviz(sourceDirectory + "/layouts/msg_viewer.rviz", "OpenGl version");
+    ExpectNoPluginError(rviz->Log());
+    std::this_thread::sleep_for(8s);
+    const std::string screenshot = artifactDirectory + "/msg_viewer.png";
+    ASSERT_TRUE(xserver->Screenshot(screenshot));
+    const QImage image(QString::fromStdString(screenshot));
+    ASSERT_FALSE(image.isNull());
+    // The docks' title icons, and the table's and grids' dark text on white.
+    EXPECT_GT(CountColour(image, QColor(239, 119, 72), 12), 100) << "no dock titles";
+    EXPECT_GT(FindIn(image, QRect(420, 90, 640, 290), [](const QColor& c) { return c.lightness() < 90; }).count, 800)
+        << "no table text";
+    EXPECT_GT(FindIn(image, QRect(420, 450, 640, 160), [](const QColor& c) { return c.lightness() < 90; }).count, 400)
+        << "no key-value text";
+    ASSERT_TRUE(rviz->SaveConfig(20s)) << rviz->Log();
+    const std::string first = MsgDataPanelBlock(test_support::ReadFile(work / "msg_viewer.rviz"));
+    EXPECT_EQ(rviz->Stop(), 0);
+    EXPECT_NE(first.find("fieldNickName: Id"), std::string::npos) << first;
+    EXPECT_NE(first.find("showStatus: 3"), std::string::npos) << first;
+    EXPECT_NE(first.find("sortIndex: 1"), std::string::npos) << first;
+    EXPECT_LT(first.find("/objects_3d/objectList/textDisplay"), first.find("fieldName: /objects_3d/objectList/objectId"));
+    EXPECT_NE(first.find("topicNickName: Vehicle"), std::string::npos) << first;
+
+    fs::create_directories(work / "reload");
+    fs::copy_file(work / "msg_viewer.rviz", fs::path(work / "reload") / "msg_viewer.rviz");
+    auto again = StartRviz((fs::path(work / "reload") / "msg_viewer.rviz").string(), "OpenGl version");
+    std::this_thread::sleep_for(4s);
+    ASSERT_TRUE(again->SaveConfig(20s)) << again->Log();
+    EXPECT_EQ(MsgDataPanelBlock(test_support::ReadFile(work / "msg_viewer.rviz")), first);
+    EXPECT_EQ(again->Stop(), 0) << again->Log();
+}
