@@ -33,9 +33,12 @@ void MsgViewerPanel::OnInitialize()
 {
     setObjectName("msgViewerPanel");
     auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(8, 4, 8, 4);
+    layout->setSpacing(4);
     layout->addWidget(Heading("Display Settings", this));
-    layout->addWidget(new QLabel("Background Color", this));
+    // Colour and alignment share a line, so that the column stays short in a crowded dock area.
     auto* colors = new QHBoxLayout();
+    colors->addWidget(new QLabel("Background Color", this));
     auto* colorGroup = new QButtonGroup(this);
     for (const QString& color : {QString("white"), QString("#0F0F0F")}) {
         auto* button = new QPushButton(this);
@@ -50,10 +53,9 @@ void MsgViewerPanel::OnInitialize()
         colorButtons.push_back(button);
         connect(button, &QPushButton::clicked, this, &MsgViewerPanel::SlotChangeColor);
     }
-    colors->addStretch(1);
-    layout->addLayout(colors);
-    layout->addWidget(new QLabel("Alignment", this));
-    auto* alignments = new QHBoxLayout();
+    colors->addSpacing(24);
+    auto* alignments = colors;
+    alignments->addWidget(new QLabel("Alignment", this));
     auto* alignmentGroup = new QButtonGroup(this);
     const QVector<QPair<int, QString>> kinds{{1, ":/assets/image/Alignleft.png"},
                                              {132, ":/assets/image/centeralign.png"},
@@ -71,13 +73,14 @@ void MsgViewerPanel::OnInitialize()
                 [this, value]() { Q_EMIT SetAlignment(static_cast<Qt::Alignment>(value)); });
     }
     alignments->addStretch(1);
-    layout->addLayout(alignments);
+    layout->addLayout(colors);
     layout->addWidget(Heading("Data Display", this));
     rowsLayout = new QVBoxLayout();
     layout->addLayout(rowsLayout);
     addPanelButton = new QPushButton("Add Panel", this);
     addPanelButton->setObjectName("addPanelButton");
-    layout->addWidget(addPanelButton);
+    layout->addWidget(addPanelButton, 0, Qt::AlignLeft);
+    addPanelButton->setMinimumWidth(160);
     layout->addStretch(1);
     ApplyViewerStyle(this, ":/Msgviewerqrc/assets/qss/MsgViewer.qss");
 }
