@@ -26,7 +26,11 @@ TableModel::TableModel(MsgRecord& record, const QString& displayTopic, QObject* 
     : QAbstractTableModel(parent), record(record), displayTopic(displayTopic)
 {
     updateTimer.setInterval(100);
-    connect(&updateTimer, &QTimer::timeout, this, &TableModel::UpdateDisplayData);
+    connect(&updateTimer, &QTimer::timeout, this, [this]() {
+        if (hasNewData) {
+            UpdateDisplayData();
+        }
+    });
 }
 
 int TableModel::rowCount(const QModelIndex& parent) const
@@ -301,6 +305,7 @@ void TableModel::UpdateDisplayData()
     if (!isUpdateEnabled) {
         return;
     }
+    hasNewData = false;
     const Columns columns = ConvertColorColumns();
     if (columns.isEmpty()) {
         return;

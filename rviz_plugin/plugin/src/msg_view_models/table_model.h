@@ -35,6 +35,8 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
 
     void StartTimer(bool start);
+    // A new message arrived: the next tick rebuilds the display copy.
+    void UpdateData() { hasNewData = true; }
     void UpdateDisplayData();
     void SetBackgroundColor(const QString& color) { backgroundColor = color; }
     void SetAlignment(Qt::Alignment value) { alignment = value; }
@@ -97,6 +99,7 @@ private:
     bool isUpdateEnabled = true;
     int colorScale = 255;
     QVector<QString> deletedTitles;
+    bool hasNewData = true;
 };
 
 } // namespace rviz_plugin

@@ -133,18 +133,70 @@ void MsgDataHandler::StoreText(const std::string& path, const std::string& text,
     }
 }
 
+void MsgDataHandler::SetSelectedFields(const std::map<std::string, std::vector<std::string>>& fields)
+{
+    selectedFields = fields;
+    UpdateWantedPaths();
+}
+
+void MsgDataHandler::SetFieldTypes(const std::map<std::string, std::map<std::string, std::string>>& types)
+{
+    fieldTypes = types;
+    UpdateWantedPaths();
+}
+
+void MsgDataHandler::UpdateWantedPaths()
+{
+    wantedPaths.clear();
+    for (const auto& [name, fields] : selectedFields) {
+        auto& wanted = wantedPaths[name];
+        const auto types = fieldTypes.find(name);
+        for (const std::string& field : fields) {
+            wanted.insert(field);
+            const bool isTime = types != fieldTypes.end() && types->second.count(field) != 0 &&
+                                types->second.at(field) == "time";
+            if (isTime) {
+                wanted.insert(field.substr(0, field.rfind('/')));
+            }
+        }
+    }
+}
+
+bool MsgDataHandler::IsWanted(const std::string& path)
+{
+    const auto wanted = wantedPaths.find(topic);
+    if (wanted == wantedPaths.end()) {
+        return false;
+    }
+    const std::size_t point = path.find('.');
+    if (point == std::string::npos) {
+        return wanted->second.count(path) != 0;
+    }
+    const std::size_t next = path.find('/', point);
+    selectionPath.assign(path, 0, point);
+    if (next != std::string::npos) {
+        selectionPath.append(path, next, std::string::npos);
+    }
+    return wanted->second.count(selectionPath) != 0;
+}
+
 void MsgDataHandler::StorageMsgString(const MsgParsers::DeserializedMsg& msg)
 {
     std::string path;
     for (const auto& [leaf, text] : msg.flatMessage.name) {
         leaf.toStr(path);
-        StoreText(path, text, arrayStringRows);
+        if (IsWanted(path)) {
+            StoreText(path, text, arrayStringRows);
+        }
     }
 }
 
 void MsgDataHandler::StorageMsgValue(const MsgParsers::DeserializedMsg& msg)
 {
     for (const auto& [path, value] : msg.flatValues) {
+        if (!IsWanted(path)) {
+            continue;
+        }
         bool hasIndex = false;
         bool hasArray = false;
         if (!Keep(path, hasIndex, hasArray) || IsStampProperties(path, value)) {
@@ -182,7 +234,7 @@ void MsgDataHandler::StorageBlobData(const MsgParsers::DeserializedMsg& msg)
     for (const auto& [leaf, blob] : msg.flatMessage.blob) {
         leaf.toStr(path);
         // Each byte of a blob is an element: only the guard of the filter applies.
-        if (!isArrayMode && path.find(selectedArray) == std::string::npos) {
+        if (!IsWanted(path) || (!isArrayMode && path.find(selectedArray) == std::string::npos)) {
             continue;
         }
         const std::size_t rows = std::min<std::size_t>(static_cast<std::size_t>(std::max(maxRows, 0)), blob.size());

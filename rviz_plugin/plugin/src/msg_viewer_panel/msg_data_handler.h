@@ -8,6 +8,7 @@
 
 #include <map>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace rviz_plugin {
@@ -25,8 +26,8 @@ public:
     void InitCountDataFrame();
     void UpdateDataFrame() { data.UpdateDataFrequency(); }
     void SetLoadedTopicsFields(const std::map<std::string, std::vector<std::string>>& fields) { loadedFields = fields; }
-    void SetSelectedFields(const std::map<std::string, std::vector<std::string>>& fields) { selectedFields = fields; }
-    void SetFieldTypes(const std::map<std::string, std::map<std::string, std::string>>& types) { fieldTypes = types; }
+    void SetSelectedFields(const std::map<std::string, std::vector<std::string>>& fields);
+    void SetFieldTypes(const std::map<std::string, std::map<std::string, std::string>>& types);
     void SetArrayMode(bool arrayMode, const std::string& arrayName);
 
     // Path helpers of the views.
@@ -54,6 +55,10 @@ private:
     void ConstructTableArrayData(MsgData::Row& row, const Rows& rows, int index);
     void ConstructKeyValueData();
     bool IsSelected(const std::string& field) const;
+    // Whether a value at path can reach a view: its path without the array index is a selected field,
+    // or a time whose seconds or nanoseconds are. Nothing else is printed to text.
+    bool IsWanted(const std::string& path);
+    void UpdateWantedPaths();
 
     bool isArrayMode = false;
     std::string selectedArray;
@@ -68,6 +73,8 @@ private:
     Rows arrayValueRows;
     std::map<std::string, std::string> scalarValues;
     std::map<std::string, std::vector<std::string>> loadedFields;
+    std::map<std::string, std::unordered_set<std::string>> wantedPaths;
+    std::string selectionPath;  // reused by IsWanted
 };
 
 } // namespace rviz_plugin

@@ -29,21 +29,31 @@ ros::Subscriber MsgSubscriber::Subscribe(const std::string& topic, Purpose purpo
     return nodeHandle.subscribe(options);
 }
 
-void MsgSubscriber::UpdateMsgDefinitionSubscriber()
+bool MsgSubscriber::UpdateMsgDefinitionSubscriber(std::chrono::milliseconds budget)
 {
-    ros::master::V_TopicInfo topics;
-    ros::master::getTopics(topics);
-    for (const auto& info : topics) {
-        auto subscriber = subscribers.find(info.name);
-        if (deserializedMsgs.count(info.name) != 0) {
+    if (pendingTopics.empty()) {
+        ros::master::V_TopicInfo topics;
+        ros::master::getTopics(topics);
+        for (auto topic = topics.rbegin(); topic != topics.rend(); ++topic) {
+            pendingTopics.push_back(topic->name);
+        }
+    }
+    const auto start = std::chrono::steady_clock::now();
+    while (!pendingTopics.empty() &&
+           (budget == std::chrono::milliseconds::max() || std::chrono::steady_clock::now() - start < budget)) {
+        const std::string name = std::move(pendingTopics.back());
+        pendingTopics.pop_back();
+        auto subscriber = subscribers.find(name);
+        if (deserializedMsgs.count(name) != 0) {
             if (subscriber != subscribers.end()) {
                 subscriber->second.shutdown();
                 subscribers.erase(subscriber);
             }
         } else if (subscriber == subscribers.end() || !subscriber->second) {
-            subscribers[info.name] = Subscribe(info.name, Purpose::Definition);
+            subscribers[name] = Subscribe(name, Purpose::Definition);
         }
     }
+    return pendingTopics.empty();
 }
 
 void MsgSubscriber::UpdateMsgDisplaySubscriber(const std::map<std::string, std::vector<std::string>>& topicFields)
@@ -56,6 +66,7 @@ void MsgSubscriber::UpdateMsgDisplaySubscriber(const std::map<std::string, std::
 
 void MsgSubscriber::ShutdownSubscriber()
 {
+    pendingTopics.clear();
     for (auto& [topic, subscriber] : subscribers) {
         subscriber.shutdown();
     }

@@ -11,6 +11,7 @@
 #include <ros/ros.h>
 #endif
 
+#include <chrono>
 #include <map>
 #include <string>
 #include <vector>
@@ -26,8 +27,9 @@ public:
 
     // Every topic on the master, for the definition dialog, which needs each topic's definition and
     // no values: a topic is subscribed until its first message has given its definition, and no
-    // message of it is decoded.
-    void UpdateMsgDefinitionSubscriber();
+    // message of it is decoded. Subscribing asks the master once a topic: with a budget, the call
+    // returns when it is spent and the next call goes on where it stopped; true when all are done.
+    bool UpdateMsgDefinitionSubscriber(std::chrono::milliseconds budget = std::chrono::milliseconds::max());
     // The topics of one panel, replacing the earlier subscriptions.
     void UpdateMsgDisplaySubscriber(const std::map<std::string, std::vector<std::string>>& topicFields);
     void ShutdownSubscriber();
@@ -52,6 +54,7 @@ private:
     MsgParsers parsers;
     std::map<std::string, ros::Subscriber> subscribers;
     DeserializedMsgs deserializedMsgs;
+    std::vector<std::string> pendingTopics;  // of the master's list, not yet looked at
     int maxRows = 100;
 };
 

@@ -64,16 +64,23 @@ void KeyValueItem::SetKeyIndex(int index)
 
 void KeyValueItem::SetValueText(const std::string& text)
 {
+    const bool wasColor = valueColor.isValid();
+    if (text == valueText && !wasColor && valueLabel->width() == shownWidth) {
+        return;  // most ticks: nothing changed
+    }
     valueText = text;
     valueColor = QColor();
+    shownWidth = valueLabel->width();
     QString shown = QString::fromStdString(text).left(maxTextLength);
     shown = ConvertConstantText(shown, convertConstants);
     valueLabel->setToolTip(ToolTipFeedLine(shown));
     const QFontMetrics metrics(valueLabel->font());
-    const int width = valueLabel->width();
-    valueLabel->setText(metrics.horizontalAdvance(shown) > width ? metrics.elidedText(shown, Qt::ElideRight, width)
-                                                                 : shown);
-    ApplyValueStyle();
+    valueLabel->setText(metrics.horizontalAdvance(shown) > shownWidth
+                            ? metrics.elidedText(shown, Qt::ElideRight, shownWidth)
+                            : shown);
+    if (wasColor) {
+        ApplyValueStyle();
+    }
 }
 
 QString KeyValueItem::GetShownValue() const
@@ -88,6 +95,9 @@ QString KeyValueItem::GetValueToolTip() const
 
 void KeyValueItem::SetValueColor(const QColor& color)
 {
+    if (color == valueColor) {
+        return;
+    }
     valueColor = color;
     valueLabel->setText(QString());
     valueLabel->setToolTip(ColorToolTip(color));
@@ -110,6 +120,7 @@ void KeyValueItem::ConvertConstants(const ConstantList& constants)
 {
     convertConstants = constants;
     if (!valueColor.isValid()) {
+        shownWidth = -1;
         SetValueText(valueText);
     }
 }

@@ -66,6 +66,7 @@ private:
     bool isNeedConvertConstants = false;
     QString backgroundColor = "white";
     QColor valueColor;
+    int shownWidth = -1;  // the label's width when the value was last elided
 };
 
 } // namespace rviz_plugin

@@ -73,7 +73,6 @@ void MsgDefinitionWidget::ShowDefinitionDialog(int index)
 {
     selectWidget->ResetUi();
     editIndex = index;
-    subscriber.UpdateMsgDefinitionSubscriber();
     if (index < 0) {
         modelMgr->ResetModel({}, std::string());
     } else {
@@ -84,6 +83,15 @@ void MsgDefinitionWidget::ShowDefinitionDialog(int index)
     dialog->move(600, 300);
     dialog->show();
     dialog->raise();
+    ContinueSubscribing();
+}
+
+void MsgDefinitionWidget::ContinueSubscribing()
+{
+    constexpr std::chrono::milliseconds slice(30);
+    if (dialog->isVisible() && !subscriber.UpdateMsgDefinitionSubscriber(slice)) {
+        QTimer::singleShot(0, this, &MsgDefinitionWidget::ContinueSubscribing);
+    }
 }
 
 void MsgDefinitionWidget::UpdateModelData()
@@ -92,7 +100,7 @@ void MsgDefinitionWidget::UpdateModelData()
         ViewerLog("Invalid msg subscriber or model manager");
         return;
     }
-    subscriber.UpdateMsgDefinitionSubscriber();
+    ContinueSubscribing();
     modelMgr->UpdateTopicMap(subscriber.GetDeserializedMsg());
 }
 

@@ -42,6 +42,8 @@ public:
     void SaveSelectedMsgToRecord();
     void SavePanelName();
     void UpdateModelData();
+    // Subscribes to the master's topics a slice at a time, so that the dialog answers meanwhile.
+    void ContinueSubscribing();
     QString GetPanelName() const;
     void AddSelectedDataByLoadedData(MsgRecord* record, const MsgRecordStruct::PanelData* panel);
 

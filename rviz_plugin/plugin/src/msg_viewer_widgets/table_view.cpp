@@ -61,6 +61,7 @@ void TableView::UpdateTableView()
     connect(header, &TableHeaderView::ConvertConstants, this, &TableView::OnConvertConstants);
     connect(header, &TableHeaderView::SignalConfigChanged, this, &TableView::SignalConfigChanged);
     connect(&record.GetSubscriber(), &MsgSubscriber::SignalErrorCatched, model, &TableModel::OnErrorCatched);
+    connect(&record.GetSubscriber(), &MsgSubscriber::UpdateDisplayModel, model, &TableModel::UpdateData);
     StartTimer(true);
 }
 
