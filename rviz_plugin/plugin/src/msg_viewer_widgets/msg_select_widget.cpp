@@ -2,7 +2,10 @@
 
 #include "msg_definition/msg_definition_filter_model.h"
 #include "msg_definition/msg_definition_model_mgr.h"
-#include "msg_definition_parts.h"
+#include "msg_definition_delegate.h"
+#include "msg_definition_header.h"
+#include "msg_empty_widget.h"
+#include "msg_search_dialog.h"
 #include "msg_viewer_panel/viewer_log.h"
 #include "viewer_style.h"
 

@@ -13,7 +13,7 @@
 #include "msg_viewer_widgets/key_value_item.h"
 #include "msg_viewer_widgets/key_value_panel.h"
 #include "msg_viewer_widgets/key_value_view.h"
-#include "msg_viewer_widgets/msg_definition_parts.h"
+#include "msg_viewer_widgets/msg_definition_header.h"
 #include "msg_viewer_widgets/msg_definition_widget.h"
 #include "msg_viewer_widgets/msg_select_widget.h"
 #include "msg_viewer_widgets/status_bar_view.h"

@@ -1,105 +1,14 @@
-#include "msg_definition_parts.h"
+#include "msg_definition_delegate.h"
 
 #include "msg_definition/definition_types.h"
 #include "msg_definition/msg_definition_helper.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QHBoxLayout>
 #include <QJsonObject>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPushButton>
 #include <QStyle>
-#include <QVBoxLayout>
 
 namespace rviz_plugin {
-
-MsgDefinitionHeader::MsgDefinitionHeader(const QString& objectName, QWidget* parent)
-    : QWidget(parent), checkBox(new QCheckBox(this)), nameLabel(new QLabel(this)), iconButton(new QPushButton(this))
-{
-    setObjectName(objectName);
-    setAttribute(Qt::WA_StyledBackground);
-    setFixedSize(350, 27);
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(8, 0, 8, 0);
-    nameLabel->setObjectName("nameLabel");
-    iconButton->setObjectName("iconBtn");
-    iconButton->setCheckable(true);
-    iconButton->setIcon(QIcon(":image/search.png"));
-    iconButton->setFlat(true);
-    layout->addWidget(checkBox);
-    layout->addWidget(nameLabel);
-    layout->addStretch(1);
-    layout->addWidget(iconButton);
-}
-
-void MsgDefinitionHeader::SetSearchActive(bool active)
-{
-    iconButton->setProperty("search", active);
-    iconButton->setChecked(active);
-    iconButton->style()->unpolish(iconButton);
-    iconButton->style()->polish(iconButton);
-}
-
-MsgSearchDialog::MsgSearchDialog(const QString& term, QWidget* parent)
-    : QDialog(parent, Qt::FramelessWindowHint), edit(new QLineEdit(this))
-{
-    setObjectName("msgSearchDialog");
-    auto* layout = new QVBoxLayout(this);
-    edit->setObjectName("searchEdit");
-    edit->setPlaceholderText("Please enter at least one keyword.");
-    clearAction = edit->addAction(QIcon(":/image/close.png"), QLineEdit::TrailingPosition);
-    connect(clearAction, &QAction::triggered, edit, &QLineEdit::clear);
-    connect(edit, &QLineEdit::textChanged, this, [this](const QString& text) { clearAction->setVisible(!text.isEmpty()); });
-    edit->setText(term);
-    clearAction->setVisible(!term.isEmpty());
-    layout->addWidget(edit);
-    auto* buttons = new QHBoxLayout();
-    buttons->addStretch(1);
-    auto* cancel = new QPushButton("Cancel", this);
-    auto* search = new QPushButton(QIcon(":image/search.png"), " Search", this);
-    buttons->addWidget(cancel);
-    buttons->addWidget(search);
-    layout->addLayout(buttons);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(search, &QPushButton::clicked, this, &QDialog::accept);
-    setFixedWidth(320);
-}
-
-QString MsgSearchDialog::GetText() const
-{
-    return edit->text();
-}
-
-bool MsgSearchDialog::IsClearActionShown() const
-{
-    return clearAction->isVisible();
-}
-
-MsgEmptyWidget::MsgEmptyWidget(QWidget* parent) : QWidget(parent)
-{
-    setFixedSize(349, 422);
-    setAttribute(Qt::WA_StyledBackground);
-    setStyleSheet("background-color: white;");
-    auto* layout = new QVBoxLayout(this);
-    layout->addStretch(1);
-    auto* picture = new QLabel(this);
-    picture->setPixmap(QPixmap(":image/empty.png"));
-    picture->setAlignment(Qt::AlignCenter);
-    layout->addWidget(picture);
-    auto* title = new QLabel("No data found", this);
-    title->setAlignment(Qt::AlignCenter);
-    title->setStyleSheet("color:#333333; font-size:14px;");
-    layout->addWidget(title);
-    auto* hint = new QLabel("Enter another keyword or \nclear the search criteria", this);
-    hint->setAlignment(Qt::AlignCenter);
-    hint->setStyleSheet("color:#999999;");
-    layout->addWidget(hint);
-    layout->addStretch(1);
-}
 
 MsgDefinitionDelegate::MsgDefinitionDelegate(bool isTopicTree, QObject* parent)
     : QItemDelegate(parent), isTopicTree(isTopicTree)
