@@ -578,6 +578,12 @@ TEST_F(RvizEndToEnd, ViewerPanelsShowTheCarAndReloadAsSaved)
         << "no table text";
     EXPECT_GT(FindIn(image, QRect(420, 450, 640, 160), [](const QColor& c) { return c.lightness() < 90; }).count, 400)
         << "no key-value text";
+    // The camera markers' colour channels merged into one column, shown by the cells' background.
+    EXPECT_GT(FindIn(image, QRect(1100, 90, 440, 290), [](const QColor& c) {
+                  return c.red() > 230 && c.green() > 170 && c.green() < 230 && c.blue() < 40;
+              }).count,
+              800)
+        << "no colour column";
     ASSERT_TRUE(rviz->SaveConfig(20s)) << rviz->Log();
     const std::string first = MsgDataPanelBlock(test_support::ReadFile(work / "msg_viewer.rviz"));
     EXPECT_EQ(rviz->Stop(), 0);
@@ -586,6 +592,12 @@ TEST_F(RvizEndToEnd, ViewerPanelsShowTheCarAndReloadAsSaved)
     EXPECT_NE(first.find("sortIndex: 1"), std::string::npos) << first;
     EXPECT_LT(first.find("/objects_3d/objectList/textDisplay"), first.find("fieldName: /objects_3d/objectList/objectId"));
     EXPECT_NE(first.find("topicNickName: Vehicle"), std::string::npos) << first;
+    std::size_t channels = 0;
+    for (std::size_t at = first.find("[float64](color)"); at != std::string::npos;
+         at = first.find("[float64](color)", at + 1)) {
+        ++channels;
+    }
+    EXPECT_EQ(channels, 4U) << first;
 
     fs::create_directories(work / "reload");
     fs::copy_file(work / "msg_viewer.rviz", fs::path(work / "reload") / "msg_viewer.rviz");

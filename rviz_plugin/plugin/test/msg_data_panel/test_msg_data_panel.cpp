@@ -72,6 +72,10 @@ public:
         status.gear = 3;
         status.header.frame_id = frameId;
         vehicle.publish(status);
+        PublishMarkers();
+    }
+    void PublishMarkers()
+    {
         visualization_msgs::MarkerArray array;
         for (int id = 0; id < markerCount; ++id) {
             visualization_msgs::Marker marker;
@@ -278,8 +282,14 @@ TEST_F(MsgDataPanelTest, BadInputLeavesTheLastGoodContentAndWarns)
     Focus("/veh");
     Tick("/veh/vehicleSpeed");
     select->GetSaveButton()->click();
+    OpenDialogWith("/objs");
+    Focus("/objs");
+    Tick("/objs/markers/id");
+    select->GetSaveButton()->click();
+    ASSERT_EQ(panel->GetPanelCount(), 2);
     KeyValueGrid* grid = panel->GetView(0)->GetKeyValueView()->GetKeyValuePanels()[0]->GetKeyValueGrid();
     StatusBarView* bar = panel->GetView(0)->GetKeyValueView()->GetKeyValuePanels()[0]->GetStatusBarView();
+    TableModel* table = panel->GetView(1)->GetTableView()->GetModel();
     ASSERT_TRUE(car.ServeWhilePublishing([&]() { return grid->GetKeyValueItems()[0]->GetValueText() == "7"; }, 7));
 
     // Bytes that do not decode as the topic's type (one byte short): nothing changes on screen.
@@ -294,11 +304,15 @@ TEST_F(MsgDataPanelTest, BadInputLeavesTheLastGoodContentAndWarns)
     ros::serialization::IStream in(bytes.data(), static_cast<uint32_t>(bytes.size()));
     shape.read(in);
     ros::Publisher raw = shape.advertise(car.node, "/veh", 10);
+    // Meanwhile the other panel goes on with its topic.
+    car.markerCount = 5;
     Serve([&]() {
         raw.publish(shape);
+        car.PublishMarkers();
         return false;
     }, 1500ms);
     EXPECT_EQ(grid->GetKeyValueItems()[0]->GetValueText(), "7");
+    EXPECT_EQ(table->rowCount(), 5);
     // The topic stops: the frequency falls to 0 and the bar says so.
     ASSERT_TRUE(Serve([&]() { return bar->GetFrequencyText() == "0Hz"; }, 5s));
     EXPECT_TRUE(bar->GetWarnings().contains({"/veh", "The data receiving frequency is 0 Hz."}));

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QGuiApplication>
+#include <QCoreApplication>
 #include <QJsonObject>
 #include <QStandardItemModel>
 
@@ -281,8 +281,7 @@ TEST_F(DefinitionModel, AFilterKeepsTheAncestorsOfMatchesAndAHeaderTickOnlyTicks
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
+    QCoreApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

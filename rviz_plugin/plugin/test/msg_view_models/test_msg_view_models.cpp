@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QGuiApplication>
+#include <QCoreApplication>
 
 using namespace rviz_plugin;
 using test_support::Serialize;
@@ -249,8 +249,7 @@ int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
     return test_support::WithRosMaster(argc, argv, "msg_view_models_test", [&]() {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        QGuiApplication app(argc, argv);
+        QCoreApplication app(argc, argv);
         return RUN_ALL_TESTS();
     });
 }

@@ -271,6 +271,25 @@ TEST_F(MsgViewer, SubscriptionThroughTheMaster)
     EXPECT_EQ(KeyValues(record, "/demo").at("/speed"), "42");
     EXPECT_EQ(KeyValues(record, "/demo").at("/stamp/nsecs"), "250000000");
     record.ShutdownSubscriber();
+
+    // The selection dialog's subscriber takes each topic's definition from its first message and
+    // decodes nothing; a topic whose definition is known is not subscribed again.
+    rviz_plugin::MsgSubscriber definitions;
+    ASSERT_TRUE(test_support::WaitFor(
+        [&]() {
+            definitions.UpdateMsgDefinitionSubscriber();
+            publisher.publish(shifter);
+            ros::spinOnce();
+            return definitions.GetDeserializedMsg().count("/demo") > 0;
+        },
+        5s));
+    const auto* known = definitions.GetDeserializedMsg().at("/demo");
+    ASSERT_NE(known->flatMessage.schema, nullptr);
+    EXPECT_EQ(known->flatMessage.schema->rootMessage->type().baseName(), "demo/Demo");
+    EXPECT_TRUE(known->flatValues.empty());
+    EXPECT_TRUE(known->flatMessage.name.empty());
+    definitions.UpdateMsgDefinitionSubscriber();
+    EXPECT_EQ(publisher.getNumSubscribers(), 0U);
 }
 
 int main(int argc, char** argv)
