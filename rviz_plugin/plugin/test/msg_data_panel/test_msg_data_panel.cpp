@@ -332,6 +332,37 @@ TEST_F(MsgDataPanelTest, BadInputLeavesTheLastGoodContentAndWarns)
     ASSERT_TRUE(car.ServeWhilePublishing([&]() { return grid->GetKeyValueItems()[0]->GetValueText() == "8"; }, 8));
 }
 
+TEST_F(MsgDataPanelTest, EditingAPanelRecoversItsTicksAndKeepsItsPlace)
+{
+    OpenDialogWith("/veh");
+    Focus("/veh");
+    Tick("/veh/vehicleSpeed");
+    select->GetSaveButton()->click();
+    ASSERT_EQ(panel->GetPanelCount(), 1);
+    int changes = 0;
+    QObject::connect(definition, &MsgDefinitionWidget::SignalConfigChanged, [&changes]() { ++changes; });
+
+    // "Edit" reopens the dialog with the panel's ticks recovered and its topic in focus.
+    panel->GetViewerPanel()->GetEditButton(0)->click();
+    ASSERT_TRUE(definition->GetDialog()->isVisible());
+    ASSERT_TRUE(car.ServeWhilePublishing([&]() { return select->GetFocusTopic() == "/veh"; }));
+    EXPECT_EQ(definition->GetModelMgr()->GetSelectedFieldCount("/veh"), 1);
+    EXPECT_EQ(select->GetFieldHeader()->GetLabel()->text(), "Select Fields [Type](1/13)");
+    // Saved unchanged: no change of configuration from the dialog.
+    select->GetSaveButton()->click();
+    EXPECT_EQ(changes, 0);
+
+    panel->GetViewerPanel()->GetEditButton(0)->click();
+    ASSERT_TRUE(car.ServeWhilePublishing([&]() { return select->GetFocusTopic() == "/veh"; }));
+    Tick("/veh/gear");
+    select->GetSaveButton()->click();
+    EXPECT_EQ(changes, 1);
+    ASSERT_EQ(panel->GetPanelCount(), 1);
+    EXPECT_EQ(panel->GetDock(0)->pos(), QPoint(712, 314));
+    KeyValueGrid* grid = panel->GetView(0)->GetKeyValueView()->GetKeyValuePanels()[0]->GetKeyValueGrid();
+    EXPECT_EQ(grid->GetKeyValueItems().size(), 2);
+}
+
 TEST_F(MsgDataPanelTest, DocksDroppedOnTheLeftOrBottomTakeSlots)
 {
     for (int index = 0; index < 3; ++index) {
