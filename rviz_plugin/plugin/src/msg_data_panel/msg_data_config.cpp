@@ -131,7 +131,7 @@ void MsgDataConfig::SaveField(rviz::Config field, const QString& name, const QSt
     SaveConstants(field, constants);
 }
 
-int MsgDataConfig::SaveKeyValueColor(rviz::Config fields, int number, const QString& group, const QString& nickName)
+int MsgDataConfig::SaveColorChannels(rviz::Config fields, int number, const QString& group, const QString& nickName)
 {
     for (const char* channel : colorChannels) {
         SaveField(fields.mapMakeChild(QString("field_%1").arg(number++)), group + channel, colorType, nickName, {});
@@ -163,12 +163,9 @@ void MsgDataConfig::SaveArrayPanel(rviz::Config config, int index) const
     int number = 0;
     for (int view = 0; view < titles.size(); ++view) {
         const QString field = QString::fromStdString(topic) + titles[view];
-        if (model->GetTitleType(titles[view]).startsWith("[COLOR]")) {
+        if (!ColorGroup(model->GetTitleType(titles[view])).isEmpty()) {
             const std::string nick = record->GetFieldsNickName(topic, (field + "/r").toStdString());
-            for (const char* channel : colorChannels) {
-                SaveField(fields.mapMakeChild(QString("field_%1").arg(number++)), field + channel, colorType,
-                          QString::fromStdString(nick), {});
-            }
+            number = SaveColorChannels(fields, number, field, QString::fromStdString(nick));
             continue;
         }
         const auto type = types.find(field.toStdString());
@@ -195,10 +192,11 @@ void MsgDataConfig::SaveKeyValuePanel(rviz::Config config, int index) const
         int number = 0;
         for (const KeyValueItem* item : panels[at]->GetKeyValueGrid()->OrderedItems()) {
             const QString key = item->GetOriginalKey();
-            const QString nick = QString::fromStdString(record->GetFieldsNickName(
-                topic, (key.contains("COLOR") ? key.mid(7) + "/r" : key).toStdString()));
-            if (key.contains("COLOR")) {
-                number = SaveKeyValueColor(fields, number, key.mid(7), nick);
+            const QString group = ColorGroup(key);
+            const QString nick = QString::fromStdString(
+                record->GetFieldsNickName(topic, (group.isEmpty() ? key : group + "/r").toStdString()));
+            if (!group.isEmpty()) {
+                number = SaveColorChannels(fields, number, group, nick);
                 continue;
             }
             const auto type = types.find(key.toStdString());

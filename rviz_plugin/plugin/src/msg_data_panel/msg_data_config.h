@@ -35,7 +35,8 @@ private:
     static void SaveConstants(rviz::Config field, const ConstantList& constants);
     static void SaveField(rviz::Config field, const QString& name, const QString& type, const QString& nickName,
                           const ConstantList& constants);
-    static int SaveKeyValueColor(rviz::Config fields, int number, const QString& group, const QString& nickName);
+    // The four channels of a colour as fields numbered from number on; the next number.
+    static int SaveColorChannels(rviz::Config fields, int number, const QString& group, const QString& nickName);
 
     static MsgRecordStruct::PanelData LoadPanel(const rviz::Config& config);
     static void LoadReeditPanel(const rviz::Config& config, MsgRecordStruct::PanelData& panel);

@@ -170,7 +170,7 @@ void TableModel::ParseColorInfo(Columns& columns)
             for (const QString& title : groups[group]) {
                 colorMap.remove(title);
             }
-            colorMap[group] = "[COLOR]" + group;
+            colorMap[group] = ColorKey(group);
         } else if (!merged.contains(at)) {
             rebuilt[next] = columns[at];
             titles.push_back(colorTitles[at]);

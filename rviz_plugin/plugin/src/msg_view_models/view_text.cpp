@@ -40,6 +40,20 @@ QColor ColorFromTexts(const QString& r, const QString& g, const QString& b, cons
     return color;
 }
 
+namespace {
+const QString colorKeyPrefix = "[COLOR]";
+}
+
+QString ColorKey(const QString& group)
+{
+    return colorKeyPrefix + group;
+}
+
+QString ColorGroup(const QString& key)
+{
+    return key.startsWith(colorKeyPrefix) ? key.mid(colorKeyPrefix.size()) : QString();
+}
+
 QMap<QString, QVector<QString>> ComposeColorMap(const QVector<QString>& colorFields)
 {
     QMap<QString, QVector<QString>> groups;

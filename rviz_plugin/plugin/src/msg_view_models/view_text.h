@@ -27,6 +27,11 @@ QString ColorToolTip(const QColor& color);
 // A colour from the texts of its four channels (0 to 1), each times scale and cut to an integer.
 QColor ColorFromTexts(const QString& r, const QString& g, const QString& b, const QString& a, int scale = 255);
 
+// A colour of four channels stands in the views under one key: "[COLOR]" and the channels' group path.
+QString ColorKey(const QString& group);
+// The group path of a colour key; an empty text for any other key.
+QString ColorGroup(const QString& key);
+
 // Groups colour fields by their text left of the last "/"; only groups of exactly four stay.
 QMap<QString, QVector<QString>> ComposeColorMap(const QVector<QString>& colorFields);
 

@@ -16,7 +16,6 @@ namespace rviz_plugin {
 
 namespace {
 const char* const gridMime = "INFOGRID";
-const char* const colorPrefix = "[COLOR]";
 } // namespace
 
 bool KeyValueGrid::gridDrag = false;
@@ -57,7 +56,7 @@ bool KeyValueGrid::ConvertColorItems()
         for (const QString& field : group.value()) {
             lowest = std::min(lowest, static_cast<int>(titles.indexOf(field)));
         }
-        titles[lowest] = colorPrefix + group.key();
+        titles[lowest] = ColorKey(group.key());
         for (const QString& field : group.value()) {
             titles.removeAll(field);
         }
@@ -73,11 +72,11 @@ void KeyValueGrid::InsertKeyValueItem()
     }
     for (int index = 0; index < titles.size(); ++index) {
         auto* item = new KeyValueItem(record, topic, this);
-        const bool color = titles[index].startsWith(colorPrefix);
-        const QString field = color ? titles[index].mid(7) + "/r" : titles[index];
+        const QString group = ColorGroup(titles[index]);
+        const QString field = group.isEmpty() ? titles[index] : group + "/r";
         const std::string nick = record.GetFieldsNickName(topic, field.toStdString());
         item->SetOriginalKey(titles[index]);
-        item->SetKeyText(nick == field.toStdString() ? LastComponent(color ? titles[index].mid(7) : titles[index])
+        item->SetKeyText(nick == field.toStdString() ? LastComponent(group.isEmpty() ? titles[index] : group)
                                                      : QString::fromStdString(nick));
         item->SetKeyIndex(index);
         const QString type = GetTypes(field);
@@ -157,8 +156,8 @@ void KeyValueGrid::UpdateData()
     };
     for (int index = 0; index < items.size() && index < titles.size(); ++index) {
         const QString& title = titles[index];
-        if (title.startsWith(colorPrefix)) {
-            const QString group = title.mid(7);
+        const QString group = ColorGroup(title);
+        if (!group.isEmpty()) {
             QMap<QString, QString> channels;
             for (const QString& field : colorMap.value(group)) {
                 channels[LastComponent(field)] = value(field);

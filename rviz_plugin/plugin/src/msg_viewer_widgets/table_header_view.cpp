@@ -2,6 +2,7 @@
 
 #include "edit_label.h"
 #include "msg_view_models/table_model.h"
+#include "msg_view_models/view_text.h"
 #include "msg_viewer_panel/msg_record.h"
 
 namespace rviz_plugin {
@@ -25,7 +26,7 @@ void TableHeaderView::UpdateHeader(const QString& displayTopic)
 
 QString TableHeaderView::FieldOfTitle(const QString& title) const
 {
-    const bool color = model.GetTitleType(title).startsWith("[COLOR]");
+    const bool color = !ColorGroup(model.GetTitleType(title)).isEmpty();
     return topic + title + (color ? "/r" : "");
 }
 

@@ -200,6 +200,8 @@ TEST(ViewText, FeedLinesColoursAndConstants)
     ASSERT_EQ(groups.size(), 1);
     EXPECT_EQ(groups.firstKey(), "/a/c");
     EXPECT_EQ(SortedConstants({{"5", "B"}, {"-1", "A"}}), (ConstantList{{-1, "A"}, {5, "B"}}));
+    EXPECT_EQ(ColorGroup(ColorKey("/a/c")), "/a/c");
+    EXPECT_TRUE(ColorGroup("/a/COLOR/r").isEmpty());
 }
 
 TEST(DockLayoutGeometry, CascadeCapacitiesAndSlots)
