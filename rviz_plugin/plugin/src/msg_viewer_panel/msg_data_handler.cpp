@@ -17,6 +17,32 @@ std::string Print(const T& value)
 }
 } // namespace
 
+MsgDataHandler::MsgDataHandler(std::string tag, std::unique_ptr<MsgData> owned)
+    : logTag(std::move(tag)), ownedData(std::move(owned)), data(*ownedData)
+{
+}
+
+void MsgDataHandler::CaptureValue(const std::string&, double) {}
+
+void MsgDataHandler::CaptureText(const std::string&, const std::string&) {}
+
+std::string MsgDataHandler::FormatValue(double value) const
+{
+    return Print(value);
+}
+
+void MsgDataHandler::SetTopic(const std::string& name, int rows)
+{
+    maxRows = rows;
+    topic = name;
+}
+
+void MsgDataHandler::SplitStamp(double value, long long& seconds, long long& nanoseconds)
+{
+    seconds = static_cast<long long>(value);
+    nanoseconds = static_cast<long long>((value - static_cast<double>(static_cast<int32_t>(seconds))) * 1e9);
+}
+
 void MsgDataHandler::SetArrayMode(bool arrayMode, const std::string& arrayName)
 {
     isArrayMode = arrayMode;
@@ -49,7 +75,7 @@ std::string MsgDataHandler::ParseArrayProperties(const std::string& path)
     }
     const std::size_t slash = path.find('/', point);
     const std::string number = path.substr(point + 1, slash == std::string::npos ? std::string::npos : slash - point - 1);
-    arrayIndex = Orsa::UtilsFunctions::StringToNumber<int32_t>(number, "MSG Viewer");
+    arrayIndex = Orsa::UtilsFunctions::StringToNumber<int32_t>(number, logTag);
     return path.substr(0, point) + (slash == std::string::npos ? std::string() : path.substr(slash));
 }
 
@@ -72,8 +98,7 @@ void MsgDataHandler::InitCountDataFrame()
 
 void MsgDataHandler::DisplaySelectedData(const DeserializedMsgs& msgs, const std::string& name, int rows)
 {
-    maxRows = rows;
-    topic = name;
+    SetTopic(name, rows);
     if (selectedFields.count(topic) == 0) {
         return;
     }
@@ -123,6 +148,9 @@ void MsgDataHandler::StoreText(const std::string& path, const std::string& text,
     bool hasIndex = false;
     bool hasArray = false;
     if (!Keep(path, hasIndex, hasArray)) {
+        return;
+    }
+    if (!storesRows && hasIndex) {
         return;
     }
     if (!hasIndex) {
@@ -185,6 +213,7 @@ void MsgDataHandler::StorageMsgString(const MsgParsers::DeserializedMsg& msg)
     std::string path;
     for (const auto& [leaf, text] : msg.flatMessage.name) {
         leaf.toStr(path);
+        CaptureText(path, text);
         if (IsWanted(path)) {
             StoreText(path, text, arrayStringRows);
         }
@@ -194,6 +223,7 @@ void MsgDataHandler::StorageMsgString(const MsgParsers::DeserializedMsg& msg)
 void MsgDataHandler::StorageMsgValue(const MsgParsers::DeserializedMsg& msg)
 {
     for (const auto& [path, value] : msg.flatValues) {
+        CaptureValue(path, value);
         if (!IsWanted(path)) {
             continue;
         }
@@ -202,7 +232,7 @@ void MsgDataHandler::StorageMsgValue(const MsgParsers::DeserializedMsg& msg)
         if (!Keep(path, hasIndex, hasArray) || IsStampProperties(path, value)) {
             continue;
         }
-        StoreText(path, Print(value), arrayValueRows);
+        StoreText(path, FormatValue(value), arrayValueRows);
     }
 }
 
@@ -220,9 +250,9 @@ bool MsgDataHandler::IsStampProperties(const std::string& path, double value)
     if (!isTime(secondsField) && !isTime(nanosecondsField)) {
         return false;
     }
-    const auto seconds = static_cast<long long>(value);
-    const auto nanoseconds =
-        static_cast<long long>((value - static_cast<double>(static_cast<int32_t>(seconds))) * 1e9);
+    long long seconds = 0;
+    long long nanoseconds = 0;
+    SplitStamp(value, seconds, nanoseconds);
     StoreText(secondsPath, Print(seconds), arrayValueRows);
     StoreText(nanosecondsPath, Print(nanoseconds), arrayValueRows);
     return true;
@@ -230,6 +260,9 @@ bool MsgDataHandler::IsStampProperties(const std::string& path, double value)
 
 void MsgDataHandler::StorageBlobData(const MsgParsers::DeserializedMsg& msg)
 {
+    if (!storesRows) {
+        return;
+    }
     std::string path;
     for (const auto& [leaf, blob] : msg.flatMessage.blob) {
         leaf.toStr(path);

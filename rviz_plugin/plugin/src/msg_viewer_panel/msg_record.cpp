@@ -2,6 +2,10 @@
 
 namespace rviz_plugin {
 
+MsgRecord::MsgRecord(std::unique_ptr<MsgSubscriber> subscriber) : msgSubscriber(std::move(subscriber)) {}
+
+MsgRecord::~MsgRecord() = default;
+
 void MsgRecord::UpdateSelectionDataFromDefinition(bool table, const std::string& arrayName,
                                                   const std::map<std::string, FieldTypePairs>& selection)
 {
@@ -33,8 +37,8 @@ void MsgRecord::UpdateSelection()
 {
     UpdateSelectTopicsFields();
     UpdateDataHandlerMsg();
-    msgSubscriber.GetHandler().SetLoadedTopicsFields(topicFields);
-    msgSubscriber.UpdateMsgDisplaySubscriber(topicFields);
+    msgSubscriber->GetHandler().SetLoadedTopicsFields(topicFields);
+    msgSubscriber->UpdateMsgDisplaySubscriber(topicFields);
 }
 
 void MsgRecord::UpdateSelectTopicsFields()
@@ -53,7 +57,7 @@ void MsgRecord::UpdateSelectTopicsFields()
 
 void MsgRecord::UpdateDataHandlerMsg()
 {
-    MsgDataHandler& handler = msgSubscriber.GetHandler();
+    MsgDataHandler& handler = msgSubscriber->GetHandler();
     handler.SetSelectedFields(topicFields);
     handler.SetFieldTypes(fieldTypes);
     handler.SetArrayMode(!selectedArrayName.empty(), selectedArrayName);

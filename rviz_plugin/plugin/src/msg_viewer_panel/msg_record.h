@@ -5,6 +5,7 @@
 #include "msg_subscriber.h"
 
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -15,6 +16,11 @@ namespace rviz_plugin {
 class MsgRecord {
 public:
     using FieldTypePairs = std::vector<std::pair<std::string, std::string>>;
+
+    explicit MsgRecord(std::unique_ptr<MsgSubscriber> subscriber = std::make_unique<MsgSubscriber>());
+    virtual ~MsgRecord();
+    MsgRecord(const MsgRecord&) = delete;
+    MsgRecord& operator=(const MsgRecord&) = delete;
 
     // From the definition dialog: topic -> (field, type) pairs.
     void UpdateSelectionDataFromDefinition(bool isTable, const std::string& arrayName,
@@ -30,11 +36,11 @@ public:
     void UpdateFieldsNickName(const std::string& topic, const std::string& field, const std::string& name);
     // Rebuilds the selection from a saved panel.
     void ParsePanelData(const MsgRecordStruct::PanelData* panel);
-    void ShutdownSubscriber() { msgSubscriber.ShutdownSubscriber(); }
+    void ShutdownSubscriber() { msgSubscriber->ShutdownSubscriber(); }
 
     bool IsTable() const { return isTable; }
     const std::map<std::string, std::vector<std::string>>& GetTopicFields() const { return topicFields; }
-    MsgSubscriber& GetSubscriber() { return msgSubscriber; }
+    MsgSubscriber& GetSubscriber() { return *msgSubscriber; }
 
 private:
     void ParseArrayPanelData(const MsgRecordStruct::PanelData& panel);
@@ -48,7 +54,7 @@ private:
     std::map<std::string, std::vector<std::string>> topicFields;
     std::map<std::string, std::map<std::string, std::string>> fieldTypes;
     std::string displayTopic;
-    MsgSubscriber msgSubscriber;
+    std::unique_ptr<MsgSubscriber> msgSubscriber;
 };
 
 } // namespace rviz_plugin

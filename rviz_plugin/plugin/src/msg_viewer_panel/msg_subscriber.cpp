@@ -1,6 +1,6 @@
 #include "msg_subscriber.h"
 
-#include "viewer_log.h"
+#include "foundation/logger.h"
 
 namespace rviz_plugin {
 
@@ -9,7 +9,12 @@ constexpr uint32_t subscriberQueueSize = 10;
 constexpr int maxArraySize = 100;
 } // namespace
 
-MsgSubscriber::MsgSubscriber() = default;
+MsgSubscriber::MsgSubscriber(std::unique_ptr<MsgDataHandler> dataHandler) : handler(std::move(dataHandler)) {}
+
+void MsgSubscriber::Log(const std::string& message, Orsa::LogLevel level) const
+{
+    Orsa::Logger::GetInstance().WriteLog(handler->GetLogTag(), level, message);
+}
 
 ros::Subscriber MsgSubscriber::Subscribe(const std::string& topic, Purpose purpose)
 {
@@ -78,7 +83,7 @@ MsgParsers::CachedPack* MsgSubscriber::Register(const RosMsgParser::ShapeShifter
         parsers.registerParser(topic, msg, maxArraySize);
         return parsers.getPack(topic);
     } catch (const std::exception& error) {
-        ViewerLog("Failed to parse the definition of " + topic + ": " + error.what());
+        Log("Failed to parse the definition of " + topic + ": " + error.what());
         return nullptr;
     }
 }
@@ -92,11 +97,11 @@ void MsgSubscriber::TopicCallbackDefinition(const RosMsgParser::ShapeShifter& ms
     }
 }
 
-void MsgSubscriber::TopicCallbackSelect(const RosMsgParser::ShapeShifter& msg, const std::string& topic)
+bool MsgSubscriber::TopicCallbackSelect(const RosMsgParser::ShapeShifter& msg, const std::string& topic)
 {
     MsgParsers::CachedPack* pack = Register(msg, topic);
     if (pack == nullptr) {
-        return;
+        return false;
     }
     const std::string typeChanged =
         "The type of the newly received message whose topic is " + topic +
@@ -105,32 +110,33 @@ void MsgSubscriber::TopicCallbackSelect(const RosMsgParser::ShapeShifter& msg, c
         "name of the message to be published.";
     // The parser stays bound to the first type; bytes of another type are not decoded with it.
     if (msg.getDataType() != pack->datatype) {
-        ViewerLog(typeChanged);
-        return;
+        Log(typeChanged);
+        return false;
     }
     try {
         pack->parser.deserializeIntoFlatMsg(RosMsgParser::Span<uint8_t>(msg.raw_data()), &pack->scratch.flatMessage);
         RosMsgParser::CreateRenamedValues(pack->scratch.flatMessage, pack->scratch.flatValues);
     } catch (const RosMsgParser::RangeException& error) {
-        ViewerLog(error.what());
+        Log(error.what());
         Q_EMIT SignalErrorCatched(QString::fromStdString(topic),
                                   "In the sent data, the maximum value of the field of the int64 type exceeds "
                                   "18014398509482060, or the maximum value of the field of the uint64 type exceeds "
                                   "27137417339209760.");
-        return;
+        return false;
     } catch (const std::runtime_error&) {
-        ViewerLog(typeChanged);
-        return;
+        Log(typeChanged);
+        return false;
     }
     std::swap(pack->msg, pack->scratch);
     Q_EMIT SignalErrorCatched(QString(), QString());
     deserializedMsgs[topic] = &pack->msg;
+    return true;
 }
 
 void MsgSubscriber::TopicCallbackDisplay(const RosMsgParser::ShapeShifter& msg, const std::string& topic)
 {
     TopicCallbackSelect(msg, topic);
-    handler.DisplaySelectedData(deserializedMsgs, topic, maxRows);
+    handler->DisplaySelectedData(deserializedMsgs, topic, maxRows);
     Q_EMIT UpdateDisplayModel();
 }
 

@@ -4,6 +4,8 @@
 #include "msg_data_handler.h"
 #include "msg_parsers.h"
 
+#include "foundation/log_level.h"
+
 #include <QObject>
 #include <QString>
 
@@ -13,6 +15,7 @@
 
 #include <chrono>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -23,7 +26,7 @@ namespace rviz_plugin {
 class MsgSubscriber : public QObject {
     Q_OBJECT
 public:
-    MsgSubscriber();
+    explicit MsgSubscriber(std::unique_ptr<MsgDataHandler> handler = std::make_unique<MsgDataHandler>());
 
     // Every topic on the master, for the definition dialog, which needs each topic's definition and
     // no values: a topic is subscribed until its first message has given its definition, and no
@@ -31,31 +34,36 @@ public:
     // returns when it is spent and the next call goes on where it stopped; true when all are done.
     bool UpdateMsgDefinitionSubscriber(std::chrono::milliseconds budget = std::chrono::milliseconds::max());
     // The topics of one panel, replacing the earlier subscriptions.
-    void UpdateMsgDisplaySubscriber(const std::map<std::string, std::vector<std::string>>& topicFields);
-    void ShutdownSubscriber();
+    virtual void UpdateMsgDisplaySubscriber(const std::map<std::string, std::vector<std::string>>& topicFields);
+    virtual void ShutdownSubscriber();
     const DeserializedMsgs& GetDeserializedMsg() const { return deserializedMsgs; }
-    MsgDataHandler& GetHandler() { return handler; }
+    MsgDataHandler& GetHandler() { return *handler; }
 
-    void TopicCallbackSelect(const RosMsgParser::ShapeShifter& msg, const std::string& topic);
-    void TopicCallbackDisplay(const RosMsgParser::ShapeShifter& msg, const std::string& topic);
-    void TopicCallbackDefinition(const RosMsgParser::ShapeShifter& msg, const std::string& topic);
+    // False when the message was not decoded: its type changed, its bytes or definition are bad.
+    bool TopicCallbackSelect(const RosMsgParser::ShapeShifter& msg, const std::string& topic);
+    virtual void TopicCallbackDisplay(const RosMsgParser::ShapeShifter& msg, const std::string& topic);
+    virtual void TopicCallbackDefinition(const RosMsgParser::ShapeShifter& msg, const std::string& topic);
 
 Q_SIGNALS:
     void UpdateDisplayModel();
     void SignalErrorCatched(const QString& topic, const QString& message);
 
-private:
+protected:
     enum class Purpose { Definition, Display };
     ros::Subscriber Subscribe(const std::string& topic, Purpose purpose);
+    void Log(const std::string& message, Orsa::LogLevel level = Orsa::LogLevel::Error) const;
+
+    std::map<std::string, ros::Subscriber> subscribers;
+    int maxRows = 100;
+
+private:
     MsgParsers::CachedPack* Register(const RosMsgParser::ShapeShifter& msg, const std::string& topic);
 
-    MsgDataHandler handler;
+    std::unique_ptr<MsgDataHandler> handler;
     ros::NodeHandle nodeHandle;
     MsgParsers parsers;
-    std::map<std::string, ros::Subscriber> subscribers;
     DeserializedMsgs deserializedMsgs;
     std::vector<std::string> pendingTopics;  // of the master's list, not yet looked at
-    int maxRows = 100;
 };
 
 } // namespace rviz_plugin

@@ -1,0 +1,202 @@
+// The plot's logic without a display or a master: path texts, name checks, the samples a line keeps
+// and the model of plottable fields.
+#include "../support/ros_test_main.h"
+#include "plot_messages.h"
+#include "plot_data/plot_global.h"
+#include "plot_data/plot_model.h"
+#include "plot_data/plot_series.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+using rviz_plugin::PlotGlobal;
+using rviz_plugin::PlotModel;
+using rviz_plugin::PlotSeries;
+using test_support::Console;
+
+TEST(PlotGlobalTexts, PathsElementsAndTimes)
+{
+    EXPECT_EQ(PlotGlobal::GetTopic("/car/items.2/id"), "/car");
+    EXPECT_EQ(PlotGlobal::GetTopic("/car"), "/car");
+    EXPECT_EQ(PlotGlobal::GetFieldKey("/car/items.2/id"), "/items.2/id");
+    EXPECT_EQ(PlotGlobal::GetFieldName("/car/items.12/id"), "/car/items/id");
+    EXPECT_EQ(PlotGlobal::GetFieldName("/car/values.3"), "/car/values");
+    EXPECT_EQ(PlotGlobal::GetFieldName("/car/speed"), "/car/speed");
+    EXPECT_TRUE(PlotGlobal::IsArray("/car/values.3"));
+    EXPECT_FALSE(PlotGlobal::IsArray("/car/speed"));
+    EXPECT_FALSE(PlotGlobal::IsArray(".3"));  // a "." at the start is no element
+    EXPECT_EQ(PlotGlobal::GetArrayIndex("/car/items.12/id"), 12);
+    EXPECT_EQ(PlotGlobal::GetArrayIndex("/car/speed"), -1);
+    EXPECT_EQ(PlotGlobal::GetArrayIndex("/car/items./id"), -1);
+    EXPECT_EQ(PlotGlobal::GetArrayNames("/car/items/id", "/car/items", 7), "/car/items.7/id");
+    EXPECT_EQ(PlotGlobal::GetArrayNames("/car/values", "/car/values", 0), "/car/values.0");
+    EXPECT_EQ(PlotGlobal::GetArrayNames("/car/speed", "", 3), "/car/speed");
+    EXPECT_EQ(PlotGlobal::GetParentArrayName("/car/items.7/id"), "/car/items");
+    EXPECT_EQ(PlotGlobal::GetArrayItems(3), (QStringList{".0", ".1", ".2"}));
+    std::string log = Console([]() { EXPECT_TRUE(PlotGlobal::GetArrayItems(0).isEmpty()); });
+    EXPECT_NE(log.find("[Plot]"), std::string::npos) << log;
+    EXPECT_NE(log.find("TableData is empty."), std::string::npos) << log;
+
+    // The tool tip's text and the C formatter agree on the local time of a stamp.
+    EXPECT_EQ(PlotGlobal::XLabelToTimeStamp(1700000000.75), PlotGlobal::TimeStampToTime(1700000000));
+    EXPECT_EQ(PlotGlobal::TimeStampToTime(1700000000).size(), 19);
+}
+
+TEST(PlotGlobalTexts, NameChecksAndWideCharacters)
+{
+    PlotGlobal& global = PlotGlobal::GetInstance();
+    std::vector<bool> warnings;
+    const auto connection = QObject::connect(&global, &PlotGlobal::SignalWarningStatusChanged,
+                                             [&warnings](bool warning) { warnings.push_back(warning); });
+    EXPECT_EQ(global.VerifyContent(""), "No content.");
+    EXPECT_EQ(global.VerifyContent("Speed"), "");
+    EXPECT_EQ(global.VerifyName("Plot1", {"Plot", "Plot1"}), "Duplicate name.");
+    EXPECT_EQ(global.VerifyName("Plot2", {"Plot", "Plot1"}), "");
+    EXPECT_EQ(global.VerifyName("", {"Plot"}), "No content.");
+    QObject::disconnect(connection);
+    EXPECT_EQ(warnings, (std::vector<bool>{true, false, true, false, true}));
+    EXPECT_EQ(PlotGlobal::GetChineseCount(QString::fromUtf8("速度abcé")), 2);
+}
+
+namespace {
+QVector<double> Times(const QVector<QPointF>& points)
+{
+    QVector<double> times;
+    for (const QPointF& p : points) {
+        times.push_back(p.x());
+    }
+    return times;
+}
+} // namespace
+
+TEST(PlotSeriesHistory, KeepsAnHourAndAReplayJumpDoesNotCount)
+{
+    PlotSeries series;
+    QVector<QPointF> points;
+    for (int i = 0; i <= 5000; ++i) {
+        points.push_back(QPointF(i, i % 7));  // one sample a second, 5000 s
+    }
+    series.Append(points, Times(points));
+    ASSERT_EQ(series.size(), 5001U);
+    series.KeepRange(PlotSeries::historySeconds);
+    // The kept span is an hour at most, and nothing inside it was dropped.
+    EXPECT_EQ(series.size(), 3601U);
+    EXPECT_LE(series.Time(series.size() - 1) - series.Time(0), 3600.0001);
+    EXPECT_EQ(series.Time(0), 1400.0);
+
+    // A pass that starts over: its backward jump is skipped, the steps on both sides add up.
+    PlotSeries replay;
+    QVector<QPointF> first;
+    QVector<QPointF> second;
+    for (int i = 0; i < 2000; ++i) {
+        first.push_back(QPointF(1000 + i, 1));
+        second.push_back(QPointF(i, 2));
+    }
+    replay.Append(first, Times(first));
+    replay.Append(second, Times(second));
+    // 1999 s of the second pass and 1601 s of the first: 3602 samples.
+    EXPECT_EQ(replay.CalcStartIndexByRange(PlotSeries::historySeconds), 398U);
+    replay.KeepRange(PlotSeries::historySeconds);
+    EXPECT_EQ(replay.size(), 3602U);
+    EXPECT_EQ(replay.Point(0), QPointF(1398, 1));
+
+    // Steps back smaller than the tolerance are ordinary steps.
+    PlotSeries jitter;
+    jitter.Append({QPointF(0, 0), QPointF(3599.99995, 0), QPointF(3599.9999, 0), QPointF(3600.0, 0)},
+                  {0.0, 3599.99995, 3599.9999, 3600.0});
+    EXPECT_EQ(jitter.CalcStartIndexByRange(PlotSeries::historySeconds), 0U);
+}
+
+TEST(PlotSeriesHistory, BoundsIgnoreNumbersThatAreNotFinite)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double inf = std::numeric_limits<double>::infinity();
+    PlotSeries series;
+    EXPECT_FALSE(series.HasBounds());
+    series.Append({QPointF(1, 5), QPointF(2, nan), QPointF(3, inf), QPointF(4, -2)}, {1, 2, 3, 4});
+    EXPECT_EQ(series.size(), 4U);
+    EXPECT_EQ(series.BoundingRect(), QRectF(QPointF(1, -2), QPointF(4, 5)));
+    EXPECT_TRUE(series.IsXSorted());
+
+    // Dropping the point on the lower edge moves the bounds.
+    PlotSeries trimmed;
+    trimmed.Append({QPointF(0, -50), QPointF(3000, 1), QPointF(5000, 3)}, {0, 3000, 5000});
+    trimmed.KeepRange(PlotSeries::historySeconds);
+    EXPECT_EQ(trimmed.BoundingRect(), QRectF(QPointF(3000, 1), QPointF(5000, 3)));
+
+    // One point: a rectangle of no size at the point.
+    PlotSeries single;
+    single.Append({QPointF(7, 8)}, {7});
+    EXPECT_EQ(single.BoundingRect().topLeft(), QPointF(7, 8));
+    EXPECT_EQ(single.BoundingRect().width(), 0.0);
+    EXPECT_EQ(single.LowerBound(7.5), 1U);
+}
+
+TEST(PlotSeriesHistory, FieldAgainstFieldKeepsTimesBeside)
+{
+    PlotSeries series;
+    series.SetSeparateTimes(true);
+    series.Append({QPointF(5, 1), QPointF(-3, 2), QPointF(0, 3)}, {100.0, 2000.0, 4000.0});
+    EXPECT_FALSE(series.IsXSorted());
+    EXPECT_EQ(series.Time(1), 2000.0);
+    series.KeepRange(PlotSeries::historySeconds);
+    ASSERT_EQ(series.size(), 2U);
+    EXPECT_EQ(series.Point(0), QPointF(-3, 2));
+    EXPECT_EQ(series.Time(0), 2000.0);
+}
+
+namespace {
+struct Definition {
+    Definition(const std::string& topic, const std::string& type, const std::string& text)
+        : parser(topic, RosMsgParser::ROSType(type), text)
+    {
+        msg.flatMessage.schema = parser.getSchema();
+    }
+    RosMsgParser::Parser parser;
+    rviz_plugin::MsgParsers::DeserializedMsg msg;
+};
+} // namespace
+
+TEST(PlotModelFields, NumericLeavesOutsideNestedArrays)
+{
+    Definition plot("/plot", plot_test::plotType, plot_test::plotDefinition);
+    Definition plain("/plain", plot_test::plainType, plot_test::plainDefinition);
+    PlotModel model;
+    std::string log = Console([&]() { model.SetupModelData({{"/plot", &plot.msg}}); });
+    EXPECT_EQ(model.GetFieldList(),
+              (QStringList{"/plot/header/seq", "/plot/header/stamp/nsecs", "/plot/header/stamp/secs", "/plot/speed",
+                           "/plot/items/id", "/plot/values"}));
+    // Text fields are not plotted; the array inside an array is logged once.
+    EXPECT_NE(log.find("[Info][Plot] Nest array not support, field name:/plot/items/samples"), std::string::npos)
+        << log;
+    const auto* stamp = model.GetTopicMsg("/plot/header/stamp/secs");
+    ASSERT_NE(stamp, nullptr);
+    EXPECT_EQ(PlotGlobal::GetFieldType(stamp), "time");
+    EXPECT_EQ(PlotGlobal::GetFieldType(model.GetTopicMsg("/plot/values")), "[float32[]]");
+    EXPECT_EQ(PlotGlobal::GetFieldType(model.GetTopicMsg("/plot/speed")), "[float64]");
+    EXPECT_EQ(PlotGlobal::GetArrayName(model.GetTopicMsg("/plot/items/id")), "/plot/items");
+    EXPECT_EQ(PlotGlobal::GetArrayName(model.GetTopicMsg("/plot/speed")), "");
+
+    // The same topics again: no rebuild, no log.
+    log = Console([&]() { model.SetupModelData({{"/plot", &plot.msg}}); });
+    EXPECT_EQ(log, "");
+    // A new topic rebuilds the whole model, and the nested array is logged again.
+    log = Console([&]() { model.SetupModelData({{"/plot", &plot.msg}, {"/plain", &plain.msg}}); });
+    EXPECT_NE(log.find("Nest array not support"), std::string::npos);
+    EXPECT_TRUE(model.HasField("/plain/level"));
+    EXPECT_EQ(model.GetFieldList().size(), 8);
+
+    // A path the user typed that is no field.
+    log = Console([&]() { EXPECT_EQ(model.GetTopicMsg("/plot/name"), nullptr); });
+    EXPECT_NE(log.find("[Error][Plot] Invalid field name:/plot/name"), std::string::npos) << log;
+    log = Console([&]() { EXPECT_EQ(model.GetTopicMsg(""), nullptr); });
+    EXPECT_EQ(log, "");
+}
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
