@@ -12,6 +12,50 @@
 
 namespace rviz_plugin {
 
+std::map<int, rviz::Config> NumberedChildren(const rviz::Config& config, const QString& prefix)
+{
+    std::map<int, rviz::Config> children;
+    for (rviz::Config::MapIterator it = config.mapIterator(); it.isValid(); it.advance()) {
+        QString key = it.currentKey();
+        if (key.startsWith(prefix)) {
+            children[key.remove(0, prefix.size()).toInt()] = it.currentChild();
+        }
+    }
+    return children;
+}
+
+QString ConfigString(const rviz::Config& config, const QString& key)
+{
+    QString value;
+    config.mapGetString(key, &value);
+    return value;
+}
+
+int ConfigInt(const rviz::Config& config, const QString& key, int fallback)
+{
+    int value = fallback;
+    config.mapGetInt(key, &value);
+    return value;
+}
+
+bool ConfigBool(const rviz::Config& config, const QString& key, bool fallback)
+{
+    bool value = fallback;
+    config.mapGetBool(key, &value);
+    return value;
+}
+
+double ConfigDouble(const rviz::Config& config, const QString& key, double fallback)
+{
+    QVariant value;
+    if (!config.mapGetValue(key, &value)) {
+        return fallback;
+    }
+    bool ok = false;
+    const double number = value.toDouble(&ok);
+    return ok ? number : fallback;
+}
+
 rviz::Tool* GetInteractToolButton(rviz::ToolManager* manager)
 {
     if (manager == nullptr) {

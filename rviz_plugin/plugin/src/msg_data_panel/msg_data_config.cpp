@@ -1,5 +1,7 @@
 #include "msg_data_config.h"
 
+#include "foundation/rviz_helpers.h"
+
 #include "msg_data_panel.h"
 #include "msg_view_models/table_model.h"
 #include "msg_viewer_panel.h"
@@ -24,40 +26,6 @@ namespace {
 
 const QString colorType = "[float64](color)";
 const char* const colorChannels[] = {"/r", "/g", "/b", "/a"};
-
-// The children of a map whose keys are prefix followed by a number, in the order of the numbers.
-std::map<int, rviz::Config> NumberedChildren(const rviz::Config& config, const QString& prefix)
-{
-    std::map<int, rviz::Config> children;
-    for (rviz::Config::MapIterator it = config.mapIterator(); it.isValid(); it.advance()) {
-        QString key = it.currentKey();
-        if (key.startsWith(prefix)) {
-            children[key.remove(0, prefix.size()).toInt()] = it.currentChild();
-        }
-    }
-    return children;
-}
-
-QString String(const rviz::Config& config, const QString& key)
-{
-    QString value;
-    config.mapGetString(key, &value);
-    return value;
-}
-
-int Int(const rviz::Config& config, const QString& key, int fallback = 0)
-{
-    int value = fallback;
-    config.mapGetInt(key, &value);
-    return value;
-}
-
-bool Bool(const rviz::Config& config, const QString& key)
-{
-    bool value = false;
-    config.mapGetBool(key, &value);
-    return value;
-}
 
 } // namespace
 
@@ -219,11 +187,11 @@ std::vector<MsgRecordStruct::PanelData> MsgDataConfig::Load(const rviz::Config& 
 MsgRecordStruct::PanelData MsgDataConfig::LoadPanel(const rviz::Config& config)
 {
     MsgRecordStruct::PanelData panel;
-    panel.hasArrayField = Bool(config, "hasArrayField");
-    panel.isChecked = Bool(config, "isChecked");
-    panel.panelName = String(config, "panelName");
+    panel.hasArrayField = ConfigBool(config, "hasArrayField");
+    panel.isChecked = ConfigBool(config, "isChecked");
+    panel.panelName = ConfigString(config, "panelName");
     const rviz::Config position = config.mapGetChild("widgetPosition");
-    panel.widgetPosition = QRect(Int(position, "x"), Int(position, "y"), Int(position, "width"), Int(position, "height"));
+    panel.widgetPosition = QRect(ConfigInt(position, "x"), ConfigInt(position, "y"), ConfigInt(position, "width"), ConfigInt(position, "height"));
     LoadReeditPanel(config, panel);
     if (panel.hasArrayField) {
         LoadArrayPanel(config, panel);
@@ -249,14 +217,14 @@ void MsgDataConfig::LoadReeditPanel(const rviz::Config& config, MsgRecordStruct:
     for (rviz::Config::MapIterator term = searches.mapIterator(); term.isValid(); term.advance()) {
         panel.fieldSearchResult[term.currentKey()] = term.currentChild().getValue().toString();
     }
-    panel.selectedArrayName = String(reedit, "selectedArrayName").toStdString();
+    panel.selectedArrayName = ConfigString(reedit, "selectedArrayName").toStdString();
 }
 
 void MsgDataConfig::LoadArrayPanel(const rviz::Config& config, MsgRecordStruct::PanelData& panel)
 {
-    panel.topicName = String(config, "topicName");
-    panel.showStatus = Int(config, "showStatus");
-    panel.sortIndex = Int(config, "sortIndex", -1);
+    panel.topicName = ConfigString(config, "topicName");
+    panel.showStatus = ConfigInt(config, "showStatus");
+    panel.sortIndex = ConfigInt(config, "sortIndex", -1);
     panel.fields = LoadFields(config.mapGetChild("fieldList"));
 }
 
@@ -264,8 +232,8 @@ void MsgDataConfig::LoadKeyValuePanel(const rviz::Config& config, MsgRecordStruc
 {
     for (const auto& [number, child] : NumberedChildren(config.mapGetChild("topicList"), "topic_")) {
         MsgRecordStruct::TopicData topic;
-        topic.topicName = String(child, "topicName");
-        topic.topicNickName = String(child, "topicNickName");
+        topic.topicName = ConfigString(child, "topicName");
+        topic.topicNickName = ConfigString(child, "topicNickName");
         topic.fields = LoadFields(child.mapGetChild("fieldList"));
         panel.topics.push_back(topic);
     }
@@ -283,9 +251,9 @@ QVector<MsgRecordStruct::FieldData> MsgDataConfig::LoadFields(const rviz::Config
 MsgRecordStruct::FieldData MsgDataConfig::LoadField(const rviz::Config& config)
 {
     MsgRecordStruct::FieldData field;
-    field.fieldName = String(config, "fieldName");
-    field.fieldType = String(config, "fieldType");
-    field.fieldNickName = String(config, "fieldNickName");
+    field.fieldName = ConfigString(config, "fieldName");
+    field.fieldType = ConfigString(config, "fieldType");
+    field.fieldNickName = ConfigString(config, "fieldNickName");
     for (const auto& [number, child] : NumberedChildren(config.mapGetChild("constantList"), "constant_")) {
         for (rviz::Config::MapIterator constant = child.mapIterator(); constant.isValid(); constant.advance()) {
             field.constants.push_back({constant.currentKey().toInt(), constant.currentChild().getValue().toString()});

@@ -2,11 +2,15 @@
 // and the model of plottable fields.
 #include "../support/ros_test_main.h"
 #include "plot_messages.h"
+#include "../support/temp_dir.h"
+#include "plot_data/plot_config.h"
 #include "plot_data/plot_global.h"
 #include "plot_data/plot_model.h"
 #include "plot_data/plot_series.h"
 
 #include <gtest/gtest.h>
+#include <rviz/yaml_config_reader.h>
+#include <rviz/yaml_config_writer.h>
 
 #include <cmath>
 #include <limits>
@@ -193,6 +197,140 @@ TEST(PlotModelFields, NumericLeavesOutsideNestedArrays)
     EXPECT_NE(log.find("[Error][Plot] Invalid field name:/plot/name"), std::string::npos) << log;
     log = Console([&]() { EXPECT_EQ(model.GetTopicMsg(""), nullptr); });
     EXPECT_EQ(log, "");
+}
+
+namespace {
+// Three plots: two against time in one column, and a field against another field beside them.
+rviz_plugin::PlotConfigData ThreePlots()
+{
+    using namespace rviz_plugin;
+    PlotConfigData data;
+    data.geometry = QRect(10, 20, 800, 600);
+    data.current.root = std::make_unique<SplitterData>();
+    data.current.root->orientation = 1;
+    PlotCanvasData xy;
+    xy.setting.title = "Track";
+    xy.setting.isYMinAuto = false;
+    xy.setting.yMin = -0.123456789012345;
+    xy.axisData.isMsgPath = true;
+    xy.axisData.xField = "/plot/speed";
+    xy.axisData.xFieldType = "[float64]";
+    AxisLineData element;
+    element.color = "#009DA5";
+    element.yField = "/plot/items/id";
+    element.yFieldType = "[int32]";
+    element.selectedArrayName = "/plot/items";
+    element.curveName = "/plot/items.2/id";
+    element.isArray = true;
+    xy.axisData.axisLineList = {element};
+    xy.isMaximize = true;
+    xy.magnifierData = {2, -3.5, 7.25};
+    xy.size = QSize(400, 300);
+    xy.slider = {true, 1.5, 9.5, 0.0, 12.0};
+    data.current.root->firstPlot = std::make_unique<PlotCanvasData>(xy);
+    auto column = std::make_unique<SplitterData>();
+    column->orientation = 2;
+    PlotTemplateData defaults = DefaultPlotTemplate();
+    column->firstPlot = std::make_unique<PlotCanvasData>(*defaults.root->firstSplitter->firstPlot);
+    column->secondPlot = std::make_unique<PlotCanvasData>(*defaults.root->secondSplitter->secondPlot);
+    data.current.root->secondSplitter = std::move(column);
+    data.templates.push_back(defaults);
+    data.templates.back().templateName = "mine";
+    return data;
+}
+} // namespace
+
+TEST(PlotConfigFile, ALayoutSavedToAFileLoadsBackWhole)
+{
+    const rviz_plugin::PlotConfigData saved = ThreePlots();
+    rviz::Config config;
+    config.mapSetValue("Class", "rviz_plugin/Plot");
+    rviz_plugin::PlotConfig::Save(saved, config);
+    test_support::TempDir dir;
+    const QString file = QString::fromStdString((dir.Path() / "plot.rviz").string());
+    rviz::YamlConfigWriter writer;
+    writer.writeFile(config, file);
+    ASSERT_FALSE(writer.error()) << writer.errorMessage().toStdString();
+    rviz::Config read;
+    rviz::YamlConfigReader reader;
+    reader.readFile(read, file);
+    ASSERT_FALSE(reader.error());
+
+    const auto loaded = rviz_plugin::PlotConfig::Load(read);
+    ASSERT_NE(loaded, nullptr);
+    EXPECT_EQ(loaded->geometry, saved.geometry);
+    ASSERT_NE(loaded->current.root, nullptr);
+    EXPECT_TRUE(*loaded->current.root == *saved.current.root);
+    ASSERT_EQ(loaded->current.root->Plots().size(), 3U);
+    EXPECT_EQ(loaded->current.root->Plots()[0]->setting.yMin, -0.123456789012345);
+    EXPECT_EQ(loaded->current.root->Plots()[2]->setting.title, "Throttle");
+    ASSERT_EQ(loaded->templates.size(), 1U);
+    EXPECT_EQ(loaded->templates[0].templateName, "mine");
+    EXPECT_TRUE(*loaded->templates[0].root == *saved.templates[0].root);
+
+    // Saved again, the file is the same.
+    rviz::Config again;
+    again.mapSetValue("Class", "rviz_plugin/Plot");
+    rviz_plugin::PlotConfig::Save(*loaded, again);
+    EXPECT_EQ(writer.writeString(again), writer.writeString(config));
+}
+
+TEST(PlotConfigFile, NumberedKeysInNumericOrderAndMissingColours)
+{
+    rviz::Config config;
+    rviz::Config list = config.mapMakeChild("PlotPlugin").mapMakeChild("plotTemplateList");
+    for (int i : {10, 2, 1}) {
+        list.mapMakeChild(QString("plotTemplate_%1").arg(i)).mapSetValue("templateName", QString("t%1").arg(i));
+    }
+    rviz::Config lines = config.mapGetChild("PlotPlugin")
+                             .mapMakeChild("currentTemplate")
+                             .mapMakeChild("splitter")
+                             .mapMakeChild("firstPlot")
+                             .mapMakeChild("axisData")
+                             .mapMakeChild("axisLineList");
+    lines.mapMakeChild("axisLine_11").mapSetValue("yField", "/b");
+    lines.mapMakeChild("axisLine_3").mapSetValue("yField", "/a");
+    const auto loaded = rviz_plugin::PlotConfig::Load(config);
+    ASSERT_NE(loaded, nullptr);
+    ASSERT_EQ(loaded->templates.size(), 3U);
+    EXPECT_EQ(loaded->templates[0].templateName, "t1");
+    EXPECT_EQ(loaded->templates[2].templateName, "t10");
+    const auto plots = loaded->current.root->Plots();
+    ASSERT_EQ(plots.size(), 1U);
+    ASSERT_EQ(plots[0]->axisData.axisLineList.size(), 2);
+    EXPECT_EQ(plots[0]->axisData.axisLineList[0].yField, "/a");
+    EXPECT_EQ(plots[0]->axisData.axisLineList[1].color, "#77A0F0");
+    // Missing settings take the defaults.
+    EXPECT_TRUE(plots[0]->setting.isYMaxAuto);
+    EXPECT_EQ(plots[0]->setting.xRange, 10.0);
+    EXPECT_EQ(rviz_plugin::PlotConfig::Load(rviz::Config()), nullptr);
+}
+
+TEST(PlotConfigFile, TheDefaultTemplate)
+{
+    const rviz_plugin::PlotTemplateData data = rviz_plugin::DefaultPlotTemplate();
+    EXPECT_EQ(data.templateName, "default");
+    ASSERT_NE(data.root, nullptr);
+    EXPECT_EQ(data.root->orientation, 1);
+    ASSERT_NE(data.root->firstSplitter, nullptr);
+    EXPECT_EQ(data.root->firstSplitter->orientation, 0);
+    const auto plots = data.root->Plots();
+    ASSERT_EQ(plots.size(), 4U);
+    const std::vector<std::pair<QString, QString>> expected = {{"Speed", "/TopicVehicleInfo/vehicleSpeed"},
+                                                               {"Acceleration", "/TopicVehicleInfo/vehicleAcceleration"},
+                                                               {"Brake", "/TopicVehicleInfo/brake"},
+                                                               {"Throttle", "/TopicVehicleInfo/throttle"}};
+    const QStringList colors = {"#77A0F0", "#009DA5", "#F8CF49", "#596077"};
+    for (std::size_t i = 0; i < plots.size(); ++i) {
+        EXPECT_EQ(plots[i]->setting.title, expected[i].first);
+        ASSERT_EQ(plots[i]->axisData.axisLineList.size(), 1);
+        EXPECT_EQ(plots[i]->axisData.axisLineList[0].yField, expected[i].second);
+        EXPECT_EQ(plots[i]->axisData.axisLineList[0].color, colors[static_cast<int>(i)]);
+        EXPECT_FALSE(plots[i]->axisData.isMsgPath);
+        EXPECT_TRUE(plots[i]->setting.isXRangeAuto);
+        EXPECT_EQ(plots[i]->setting.xRange, 10.0);
+        EXPECT_EQ(plots[i]->magnifierData.yMax, 10.0);
+    }
 }
 
 int main(int argc, char** argv)
