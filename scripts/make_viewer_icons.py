@@ -56,13 +56,13 @@ class Canvas:
             return all(v >= 0 for v in s) or all(v <= 0 for v in s)
         self.shape(inside, color)
 
-    def save(self, name):
+    def save(self, name, out=None):
         raw = b"".join(b"\0" + bytes(v for px in row for v in px) for row in self.pixels)
         def chunk(kind, data):
             return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
         png = (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", self.width, self.height, 8, 6, 0, 0, 0))
                + chunk(b"IDAT", zlib.compress(raw, 9)) + chunk(b"IEND", b""))
-        (OUT / name).write_bytes(png)
+        ((out or OUT) / name).write_bytes(png)
 
 
 GREY, ORANGE, DARK, LIGHT = (153, 153, 153, 255), (239, 119, 72, 255), (51, 51, 51, 255), (210, 210, 210, 255)
@@ -117,11 +117,13 @@ def align(name, offsets):
     c.save(name)
 
 
-close()
-search()
-empty()
-warning()
-sheet()
-align("Alignleft.png", [(2, 14), (2, 10), (2, 14), (2, 9)])
-align("centeralign.png", [(2, 14), (4, 12), (2, 14), (5, 11)])
-align("Alignright.png", [(2, 14), (6, 14), (2, 14), (7, 14)])
+
+if __name__ == "__main__":
+    close()
+    search()
+    empty()
+    warning()
+    sheet()
+    align("Alignleft.png", [(2, 14), (2, 10), (2, 14), (2, 9)])
+    align("centeralign.png", [(2, 14), (4, 12), (2, 14), (5, 11)])
+    align("Alignright.png", [(2, 14), (6, 14), (2, 14), (7, 14)])

@@ -6,20 +6,23 @@ namespace rviz_plugin {
 
 std::string ToStringAndTrimZero(double value)
 {
+    return ToStringAndTrimZero(static_cast<long double>(value), 2);
+}
+
+std::string ToStringAndTrimZero(long double value, int decimals)
+{
     char buffer[512] = {};
-    const int written = std::snprintf(buffer, sizeof(buffer), "%.2f", value);
+    const int written = std::snprintf(buffer, sizeof(buffer), "%.*Lf", decimals, value);
     if (written <= 0 || static_cast<std::size_t>(written) >= sizeof(buffer)) {
         return std::string();
     }
     std::string text(buffer, static_cast<std::size_t>(written));
-    const std::size_t point = text.find('.');
-    if (point == std::string::npos || point + 2 >= text.size()) {
-        return text;  // "nan", "inf"
+    if (text.find('.') == std::string::npos) {
+        return text;  // "nan", "inf", or no decimals asked for
     }
-    if (text[point + 1] == '0' && text[point + 2] == '0') {
-        text.erase(point);
-    } else if (text[point + 2] == '0') {
-        text.erase(point + 2);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.back() == '.') {
+        text.pop_back();
     }
     return text;
 }

@@ -8,6 +8,8 @@ namespace rviz_plugin {
 
 // Two decimals, trailing zeros of the fraction dropped: 1.50 -> "1.5", 1.00 -> "1", 1.05 -> "1.05".
 std::string ToStringAndTrimZero(double value);
+// The same with up to decimals decimals.
+std::string ToStringAndTrimZero(long double value, int decimals);
 
 // The first size characters followed by "..." when the text is longer than size.
 std::string TrimStringBySize(const std::string& text, unsigned size);

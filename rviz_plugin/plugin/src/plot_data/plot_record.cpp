@@ -1,6 +1,7 @@
 #include "plot_record.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
 
 namespace rviz_plugin {
@@ -32,6 +33,31 @@ void PlotRecord::RemoveLine(int line)
         return;
     }
     ApplySelection();
+}
+
+int PlotRecord::GetArraySize(const std::string& topic, const std::string& arrayName)
+{
+    const auto& msgs = GetSubscriber().GetDeserializedMsg();
+    const auto found = msgs.find(topic);
+    if (found == msgs.end() || found->second == nullptr) {
+        return 0;
+    }
+    const std::string prefix = arrayName + ".";
+    int count = 0;
+    const auto countPath = [&](const std::string& path) {
+        if (path.compare(0, prefix.size(), prefix) == 0) {
+            count = std::max(count, std::atoi(path.c_str() + prefix.size()) + 1);
+        }
+    };
+    for (const auto& [path, value] : found->second->flatValues) {
+        countPath(path);
+    }
+    std::string path;
+    for (const auto& [leaf, text] : found->second->flatMessage.name) {
+        leaf.toStr(path);
+        countPath(path);
+    }
+    return count;
 }
 
 void PlotRecord::ApplySelection()

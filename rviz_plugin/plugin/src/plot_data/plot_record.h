@@ -28,6 +28,8 @@ public:
     // Forgets a line; with no line left the subscription ends.
     void RemoveLine(int line);
     bool HasLines() const { return !lineSelections.empty(); }
+    // The element count of an array in the topic's last message (0 before one came).
+    int GetArraySize(const std::string& topic, const std::string& arrayName);
 
     PlotSubscriber& GetPlotSubscriber() { return static_cast<PlotSubscriber&>(GetSubscriber()); }
     const PlotDataHandler& GetHandler() { return GetPlotSubscriber().GetPlotHandler(); }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace rviz_plugin {
 
@@ -17,6 +18,9 @@ void PlotSeries::Clear()
 {
     points.clear();
     times.clear();
+    blocks.clear();
+    firstAbsolute = 0;
+    firstBlock = 0;
     xSorted = true;
     hasStepBack = false;
     boundsValid = true;
@@ -28,6 +32,7 @@ void PlotSeries::Grow(const QPointF& point)
     if (!points.empty() && point.x() < points.back().x()) {
         xSorted = false;
     }
+    Summarise(point);
     points.push_back(point);
     // A point that is not finite is kept (its time counts) but never widens the bounds.
     if (!boundsValid || !std::isfinite(point.x()) || !std::isfinite(point.y())) {
@@ -113,6 +118,70 @@ void PlotSeries::KeepRange(double range)
     if (separateTimes) {
         times.erase(times.begin(), times.begin() + static_cast<std::ptrdiff_t>(drop));
     }
+    firstAbsolute += drop;
+    while (!blocks.empty() && (firstBlock + 1) * blockSize <= firstAbsolute) {
+        blocks.pop_front();
+        ++firstBlock;
+    }
+    // The first block lost some of its points: summarise what is left of it.
+    if (!blocks.empty()) {
+        const std::size_t end = std::min(points.size(), (firstBlock + 1) * blockSize - firstAbsolute);
+        blocks.front() = Block{std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()};
+        ScanY(0, end, blocks.front().low, blocks.front().high);
+    }
+}
+
+void PlotSeries::Summarise(const QPointF& point)
+{
+    const std::size_t block = (firstAbsolute + points.size()) / blockSize;
+    if (blocks.empty()) {
+        firstBlock = block;
+    }
+    if (block >= firstBlock + blocks.size()) {
+        blocks.push_back(Block{std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()});
+    }
+    if (std::isfinite(point.y())) {
+        Block& last = blocks.back();
+        last.low = std::min(last.low, point.y());
+        last.high = std::max(last.high, point.y());
+    }
+}
+
+void PlotSeries::ScanY(std::size_t begin, std::size_t end, double& low, double& high) const
+{
+    for (std::size_t i = begin; i < end; ++i) {
+        const double y = points[i].y();
+        if (std::isfinite(y)) {
+            low = std::min(low, y);
+            high = std::max(high, y);
+        }
+    }
+}
+
+bool PlotSeries::MinMaxY(std::size_t begin, std::size_t end, double& low, double& high) const
+{
+    low = std::numeric_limits<double>::infinity();
+    high = -std::numeric_limits<double>::infinity();
+    end = std::min(end, points.size());
+    if (begin >= end) {
+        return false;
+    }
+    // Block boundaries as indices into points.
+    const auto boundary = [this](std::size_t block) { return block * blockSize - firstAbsolute; };
+    const std::size_t firstWhole = (firstAbsolute + begin + blockSize - 1) / blockSize;
+    const std::size_t lastWhole = (firstAbsolute + end) / blockSize;  // one past
+    if (firstWhole >= lastWhole) {
+        ScanY(begin, end, low, high);
+    } else {
+        ScanY(begin, boundary(firstWhole), low, high);
+        for (std::size_t block = firstWhole; block < lastWhole; ++block) {
+            const Block& summary = blocks[block - firstBlock];
+            low = std::min(low, summary.low);
+            high = std::max(high, summary.high);
+        }
+        ScanY(boundary(lastWhole), end, low, high);
+    }
+    return low <= high;
 }
 
 void PlotSeries::RecomputeBounds() const

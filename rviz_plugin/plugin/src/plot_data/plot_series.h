@@ -44,13 +44,29 @@ public:
     bool IsXSorted() const { return xSorted; }
     // The first point with x not below value.
     std::size_t LowerBound(double value) const;
+    // The lowest and highest finite y of the points [begin, end); false when none is finite. Reads
+    // the summaries of whole blocks, so a long range costs little more than a short one.
+    bool MinMaxY(std::size_t begin, std::size_t end, double& low, double& high) const;
+
+    // Samples a block summary covers.
+    static constexpr std::size_t blockSize = 32;
 
 private:
+    struct Block {
+        double low;
+        double high;
+    };
     void Grow(const QPointF& point);
     void RecomputeBounds() const;
+    void Summarise(const QPointF& point);
+    void ScanY(std::size_t begin, std::size_t end, double& low, double& high) const;
 
     std::deque<QPointF> points;
     std::deque<double> times;
+    // The y range of each block of samples, by the blocks' absolute numbers from firstBlock.
+    std::deque<Block> blocks;
+    std::size_t firstAbsolute = 0;  // the absolute number of points[0]
+    std::size_t firstBlock = 0;
     bool separateTimes = false;
     bool xSorted = true;
     bool hasStepBack = false;

@@ -290,6 +290,10 @@ TEST(StringHelpers, TrimZeroTrimBySizeAndSplit)
     EXPECT_EQ(ToStringAndTrimZero(-12.345), "-12.35");
     EXPECT_EQ(ToStringAndTrimZero(1e300).substr(0, 2), "10");
     EXPECT_EQ(ToStringAndTrimZero(std::nan("")), "nan");
+    EXPECT_EQ(ToStringAndTrimZero(3600.0L, 6), "3600");
+    EXPECT_EQ(ToStringAndTrimZero(-1.25L, 6), "-1.25");
+    EXPECT_EQ(ToStringAndTrimZero(0.1234567L, 6), "0.123457");
+    EXPECT_EQ(ToStringAndTrimZero(1e19L, 6), "10000000000000000000");
 
     EXPECT_EQ(rviz_plugin::TrimStringBySize("abcdef", 3), "abc...");
     EXPECT_EQ(rviz_plugin::TrimStringBySize("abc", 3), "abc");

@@ -1,0 +1,26 @@
+#include "plot_widget_helpers.h"
+
+#include "plot_message_box.h"
+
+#include <QList>
+#include <QSplitter>
+
+namespace rviz_plugin {
+
+bool ShowMsgBox(QWidget& parent)
+{
+    PlotMessageBox box("Do you want to continue canceling the operation?", &parent);
+    return box.exec() == QMessageBox::Yes;
+}
+
+void SetSplitterEqually(QSplitter* splitter)
+{
+    if (splitter == nullptr || splitter->count() == 0) {
+        return;
+    }
+    const int total = splitter->orientation() == Qt::Horizontal ? splitter->width() : splitter->height();
+    const int each = std::max(1, total / splitter->count());
+    splitter->setSizes(QList<int>::fromVector(QVector<int>(splitter->count(), each)));
+}
+
+} // namespace rviz_plugin

@@ -1,0 +1,17 @@
+#ifndef RVIZ_PLUGIN_PLOT_WIDGET_HELPERS_H
+#define RVIZ_PLUGIN_PLOT_WIDGET_HELPERS_H
+
+class QSplitter;
+class QWidget;
+
+namespace rviz_plugin {
+
+// Asks whether to cancel the changes being edited in parent; true when the user says so.
+bool ShowMsgBox(QWidget& parent);
+
+// Gives every widget of the splitter the same size.
+void SetSplitterEqually(QSplitter* splitter);
+
+} // namespace rviz_plugin
+
+#endif
