@@ -14,6 +14,7 @@
 
 #include <QDockWidget>
 #include <QFile>
+#include <QPointer>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSplitter>
@@ -47,6 +48,10 @@ Plot::~Plot()
 {
     updateTimer.stop();
     delete templateWidget;
+    // Plots removed from their own menu wait for the event loop; they read this panel's model.
+    for (const QPointer<QWidget>& retired : retiredWidgets) {
+        delete retired.data();
+    }
 }
 
 void Plot::onInitialize()
@@ -255,7 +260,9 @@ void Plot::SlotRemovePlot()
     sender->hide();
     sender->setParent(nullptr);
     plotWidgets.removeAll(sender);
+    // The plot's own menu asked: it goes once its signal has returned.
     sender->deleteLater();
+    retiredWidgets.push_back(sender);
     if (parent != nullptr && parent != splitter && parent->count() == 0) {
         RemovePlotWidget(parent);
     } else if (parent != nullptr && parent->count() == 1) {
@@ -278,9 +285,7 @@ void Plot::RemovePlotWidget(QSplitter* emptied)
     }
     QSplitter* parent = ParentSplitter(emptied);
     if (emptied->count() == 0 && parent != nullptr) {
-        emptied->hide();
-        emptied->setParent(nullptr);
-        emptied->deleteLater();
+        delete emptied;
         if (parent->count() == 1) {
             RemovePlotWidget(parent);
         }
@@ -295,25 +300,15 @@ void Plot::RemovePlotWidget(QSplitter* emptied)
     while (only->count() > 0) {
         emptied->addWidget(only->widget(0));
     }
-    only->hide();
-    only->setParent(nullptr);
-    only->deleteLater();
+    delete only;
     SetSplitterEqually(emptied);
 }
 
 void Plot::RemoveAllPlotWidgets()
 {
-    for (PlotWidget* widget : plotWidgets) {
-        widget->hide();
-        widget->setParent(nullptr);
-        widget->deleteLater();
-    }
     plotWidgets.clear();
     while (splitter->count() > 0) {
-        QWidget* child = splitter->widget(0);
-        child->hide();
-        child->setParent(nullptr);
-        child->deleteLater();
+        delete splitter->widget(0);
     }
     splitter->setOrientation(Qt::Vertical);
     isMaximized = false;

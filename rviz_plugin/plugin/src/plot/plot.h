@@ -11,6 +11,7 @@
 #include <rviz/panel.h>
 #endif
 
+#include <QPointer>
 #include <QTimer>
 #include <QWheelEvent>
 #include <QVector>
@@ -91,6 +92,7 @@ private:
     bool isHidden = false;
     bool isMaximized = false;
     QVector<PlotWidget*> plotWidgets;
+    QVector<QPointer<QWidget>> retiredWidgets;
     QSplitter* splitter = nullptr;
     PlotTemplate plotTemplate;
     PlotTemplateWidget* templateWidget = nullptr;

@@ -363,9 +363,8 @@ void PlotWidget::GetXAxisRange(double& min, double& max, bool isMsgPath) const
             max = setting.xRange;
         }
     }
-    if (min >= max) {
-        min = max - axisMargin;
-    }
+    // All at one x: UpdateCurve opens the range to x + 10.
+    min = std::min(min, max);
 }
 
 void PlotWidget::UpdateCurve(bool isMsgPath)

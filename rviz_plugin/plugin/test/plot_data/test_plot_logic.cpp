@@ -151,6 +151,51 @@ TEST(PlotSeriesHistory, FieldAgainstFieldKeepsTimesBeside)
     EXPECT_EQ(series.Time(0), 2000.0);
 }
 
+TEST(PlotSeriesHistory, BlockSummariesAgreeWithAScanAfterTrimming)
+{
+    PlotSeries series;
+    QVector<QPointF> points;
+    QVector<double> times;
+    unsigned state = 12345;
+    for (int i = 0; i < 5000; ++i) {
+        state = state * 1103515245U + 12345U;
+        const double y = (i % 97 == 0) ? std::numeric_limits<double>::quiet_NaN() : static_cast<double>(state % 1000);
+        points.push_back(QPointF(i, y));
+        times.push_back(i);
+    }
+    series.Append(points, times);
+    series.KeepRange(4321.5);  // drops 678: the first block is cut in the middle
+    ASSERT_EQ(series.size(), 4322U);
+    const auto scan = [&series](std::size_t begin, std::size_t end, double& low, double& high) {
+        low = std::numeric_limits<double>::infinity();
+        high = -low;
+        for (std::size_t i = begin; i < end; ++i) {
+            if (std::isfinite(series.Point(i).y())) {
+                low = std::min(low, series.Point(i).y());
+                high = std::max(high, series.Point(i).y());
+            }
+        }
+        return low <= high;
+    };
+    for (std::size_t begin = 0; begin < series.size(); begin += 37) {
+        for (std::size_t length : {1U, 5U, 31U, 32U, 33U, 100U, 1000U, 5000U}) {
+            const std::size_t end = std::min(series.size(), begin + length);
+            double low = 0.0;
+            double high = 0.0;
+            double expectedLow = 0.0;
+            double expectedHigh = 0.0;
+            ASSERT_EQ(series.MinMaxY(begin, end, low, high), scan(begin, end, expectedLow, expectedHigh));
+            if (expectedLow <= expectedHigh) {
+                ASSERT_EQ(low, expectedLow) << begin << " " << end;
+                ASSERT_EQ(high, expectedHigh) << begin << " " << end;
+            }
+        }
+    }
+    double low = 0.0;
+    double high = 0.0;
+    EXPECT_FALSE(series.MinMaxY(10, 10, low, high));
+}
+
 namespace {
 struct Definition {
     Definition(const std::string& topic, const std::string& type, const std::string& text)
