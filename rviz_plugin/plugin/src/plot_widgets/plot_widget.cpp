@@ -40,6 +40,9 @@ constexpr float sliderStep = 0.01f;
 constexpr int settingDelay = 100;
 constexpr int magnifierDelay = 10;
 constexpr int xLabelWidth = 120;
+constexpr int yLabelHeight = 30;
+constexpr int minimumCanvasWidth = 120;
+constexpr int minimumCanvasHeight = 80;
 
 QPushButton* ToolButton(const QString& name, const QString& icon, const QString& tip, QWidget* parent)
 {
@@ -166,6 +169,9 @@ void PlotWidget::InitUi()
 void PlotWidget::InitCanvas()
 {
     plot = new QwtPlot(this);
+    // Qwt asks for its size hint as a minimum; a plot may shrink further, to its axes.
+    plot->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    plot->setMinimumSize(minimumCanvasWidth, minimumCanvasHeight);
     plot->setAutoReplot(false);
     plot->setCanvasBackground(Qt::white);
     plot->plotLayout()->setAlignCanvasToScales(true);
@@ -224,6 +230,14 @@ PlotCanvasData PlotWidget::GetCanvasData() const
 {
     PlotCanvasData data = canvasData;
     data.size = size();
+    // A slider that follows the data saves nothing of it: the file changes only when the user moves it.
+    if (slider != nullptr && slider->IsSliderMoved()) {
+        data.slider.isSliderMoved = true;
+        data.slider.xMinRange = slider->GetRangeMin();
+        data.slider.xMaxRange = slider->GetRangeMax();
+        data.slider.xMinValue = slider->GetValueMin();
+        data.slider.xMaxValue = slider->GetValueMax();
+    }
     return data;
 }
 
@@ -416,10 +430,6 @@ void PlotWidget::UpdateSlider(double min, double max)
     }
     slider->SetRange(low, high);
     slider->SetValues(min, max);
-    canvasData.slider.xMinRange = low;
-    canvasData.slider.xMaxRange = high;
-    canvasData.slider.xMinValue = min;
-    canvasData.slider.xMaxValue = max;
 }
 
 void PlotWidget::SliderMinValueChanged(double value)
@@ -429,8 +439,6 @@ void PlotWidget::SliderMinValueChanged(double value)
         value = axisMax - static_cast<double>(sliderStep);
     }
     plot->setAxisScale(QwtPlot::xBottom, value, slider->GetValueMax());
-    canvasData.slider.xMinValue = value;
-    canvasData.slider.xMaxValue = slider->GetValueMax();
     plot->replot();
 }
 
@@ -441,8 +449,6 @@ void PlotWidget::SliderMaxValueChanged(double value)
         value = axisMin + static_cast<double>(sliderStep);
     }
     plot->setAxisScale(QwtPlot::xBottom, slider->GetValueMin(), value);
-    canvasData.slider.xMinValue = slider->GetValueMin();
-    canvasData.slider.xMaxValue = value;
     plot->replot();
 }
 
@@ -463,6 +469,9 @@ void PlotWidget::OnSliderMoved(bool isMax, double value)
 void PlotWidget::SetSliderMoved(bool moved)
 {
     slider->SetSliderMoved(moved);
+    if (!moved) {
+        canvasData.slider = PlotSliderData();
+    }
     canvasData.slider.isSliderMoved = moved;
     UpdateRestoreBtn();
 }
@@ -764,6 +773,7 @@ bool PlotWidget::eventFilter(QObject* watched, QEvent* event)
         case QEvent::Resize:
             // As many labels as fit whole: a time in seconds since the epoch is a long number.
             plot->setAxisMaxMajor(QwtPlot::xBottom, std::max(2, plot->canvas()->width() / xLabelWidth));
+            plot->setAxisMaxMajor(QwtPlot::yLeft, std::max(2, plot->canvas()->height() / yLabelHeight));
             break;
         default:
             break;

@@ -543,9 +543,10 @@ TEST_F(RvizEndToEnd, OffsetDialogWritesTheFileAndAReopenShowsTheSameTicks)
 } // namespace
 
 // The block of the message viewer's panels in a saved configuration.
-std::string MsgDataPanelBlock(const std::string& config)
+// The saved settings of a panel: the map under its key ("MsgDataPanel", "PlotPlugin").
+std::string PanelBlock(const std::string& config, const std::string& key)
 {
-    const std::size_t start = config.find("    MsgDataPanel:\n");
+    const std::size_t start = config.find("    " + key + ":\n");
     if (start == std::string::npos) {
         return std::string();
     }
@@ -585,7 +586,7 @@ TEST_F(RvizEndToEnd, ViewerPanelsShowTheCarAndReloadAsSaved)
               800)
         << "no colour column";
     ASSERT_TRUE(rviz->SaveConfig(20s)) << rviz->Log();
-    const std::string first = MsgDataPanelBlock(test_support::ReadFile(work / "msg_viewer.rviz"));
+    const std::string first = PanelBlock(test_support::ReadFile(work / "msg_viewer.rviz"), "MsgDataPanel");
     EXPECT_EQ(rviz->Stop(), 0);
     EXPECT_NE(first.find("fieldNickName: Id"), std::string::npos) << first;
     EXPECT_NE(first.find("showStatus: 3"), std::string::npos) << first;
@@ -604,6 +605,79 @@ TEST_F(RvizEndToEnd, ViewerPanelsShowTheCarAndReloadAsSaved)
     auto again = StartRviz((fs::path(work / "reload") / "msg_viewer.rviz").string(), "OpenGl version");
     std::this_thread::sleep_for(4s);
     ASSERT_TRUE(again->SaveConfig(20s)) << again->Log();
-    EXPECT_EQ(MsgDataPanelBlock(test_support::ReadFile(work / "msg_viewer.rviz")), first);
+    EXPECT_EQ(PanelBlock(test_support::ReadFile(work / "msg_viewer.rviz"), "MsgDataPanel"), first);
+    EXPECT_EQ(again->Stop(), 0) << again->Log();
+}
+
+// The plot panel without a saved layout shows the default template: four plots of the vehicle status,
+// each drawing its line. A saved layout of three plots, one of them a field against a field and one
+// of array elements, draws its lines, and saved, reloaded and saved again comes back the same.
+TEST_F(RvizEndToEnd, PlotDefaultTemplateAndASavedLayoutReloadAsSaved)
+{
+    test_support::Environment environment = master->RosEnvironment();
+    test_support::Process car({simulatedCar, "--cameras", "1", "--width", "320", "--height", "180", "--fps", "10"},
+                              work / "simulated_car.log", environment);
+    // A line's pixels: its colour over white at 40 % to full cover (a line between two pixel rows is
+    // blended with the white around it).
+    const auto lineColour = [](const QImage& image, const char* name) {
+        const QColor colour(name);
+        const int channels[3] = {colour.red(), colour.green(), colour.blue()};
+        const int widest = static_cast<int>(std::min_element(channels, channels + 3) - channels);
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor pixel = image.pixelColor(x, y);
+                const int values[3] = {pixel.red(), pixel.green(), pixel.blue()};
+                const double cover = (255.0 - values[widest]) / (255.0 - channels[widest]);
+                bool match = cover >= 0.4 && cover <= 1.05;
+                for (int c = 0; c < 3 && match; ++c) {
+                    match = std::abs(values[c] - (255.0 - cover * (255.0 - channels[c]))) <= 14.0;
+                }
+                count += match ? 1 : 0;
+            }
+        }
+        return count;
+    };
+    {
+        auto rviz = StartRviz(sourceDirectory + "/test/e2e/configs/plot_default.rviz", "OpenGl version");
+        ExpectNoPluginError(rviz->Log());
+        // The lines select their fields 1.5 s after the layout, then send once a second.
+        std::this_thread::sleep_for(8s);
+        const std::string screenshot = artifactDirectory + "/plot_default.png";
+        ASSERT_TRUE(xserver->Screenshot(screenshot));
+        const QImage image(QString::fromStdString(screenshot));
+        ASSERT_FALSE(image.isNull());
+        for (const char* colour : {"#77A0F0", "#009DA5", "#F8CF49", "#596077"}) {
+            EXPECT_GT(lineColour(image, colour), 150) << "no line in " << colour;
+        }
+        EXPECT_EQ(rviz->Log().find("Failed to open the file."), std::string::npos) << rviz->Log();
+        EXPECT_EQ(rviz->Stop(), 0);
+    }
+
+    auto rviz = StartRviz(sourceDirectory + "/layouts/plot.rviz", "OpenGl version");
+    ExpectNoPluginError(rviz->Log());
+    std::this_thread::sleep_for(8s);
+    const std::string screenshot = artifactDirectory + "/plot.png";
+    ASSERT_TRUE(xserver->Screenshot(screenshot));
+    const QImage image(QString::fromStdString(screenshot));
+    ASSERT_FALSE(image.isNull());
+    for (const char* colour : {"#77A0F0", "#009DA5", "#F8CF49", "#596077", "#9C74F2"}) {
+        EXPECT_GT(lineColour(image, colour), 150) << "no line in " << colour;
+    }
+    ASSERT_TRUE(rviz->SaveConfig(20s)) << rviz->Log();
+    const std::string first = PanelBlock(test_support::ReadFile(work / "plot.rviz"), "PlotPlugin");
+    EXPECT_EQ(rviz->Stop(), 0);
+    EXPECT_NE(first.find("title: Acceleration by speed"), std::string::npos) << first;
+    EXPECT_NE(first.find("isMsgPath: true"), std::string::npos) << first;
+    EXPECT_NE(first.find("xField: /TopicVehicleInfo/vehicleSpeed"), std::string::npos) << first;
+    EXPECT_NE(first.find("curveName: /objects_3d/objectList.0/objectBoxCenter/x"), std::string::npos) << first;
+    EXPECT_EQ(first.find("templateName: default"), std::string::npos) << first;
+
+    fs::create_directories(work / "reload");
+    fs::copy_file(work / "plot.rviz", fs::path(work / "reload") / "plot.rviz");
+    auto again = StartRviz((fs::path(work / "reload") / "plot.rviz").string(), "OpenGl version");
+    std::this_thread::sleep_for(4s);
+    ASSERT_TRUE(again->SaveConfig(20s)) << again->Log();
+    EXPECT_EQ(PanelBlock(test_support::ReadFile(work / "plot.rviz"), "PlotPlugin"), first);
     EXPECT_EQ(again->Stop(), 0) << again->Log();
 }
