@@ -18,6 +18,7 @@
 
 #include <QCheckBox>
 
+#include <algorithm>
 #include <map>
 
 namespace rviz_plugin {
@@ -113,10 +114,11 @@ void MsgDataConfig::SaveArrayPanel(rviz::Config config, int index) const
     const TableModel* model = panel.GetView(index)->GetTableView()->GetModel();
     const auto& topics = record->GetTopicFields();
     const std::string topic = topics.empty() ? std::string() : topics.begin()->first;
-    config.mapSetValue("topicName", QString::fromStdString(topic));
-    if (model == nullptr) {
+    if (model == nullptr || model->GetVisibleTitles().isEmpty()) {
+        SaveArrayPanelWithoutData(config, index);
         return;
     }
+    config.mapSetValue("topicName", QString::fromStdString(topic));
     const QVector<QString> titles = model->GetVisibleTitles();
     // The sort is saved by the column's place among those saved, which is its place after loading.
     const int sorted = model->GetOperatedColumn();
@@ -147,8 +149,15 @@ void MsgDataConfig::SaveArrayPanel(rviz::Config config, int index) const
 void MsgDataConfig::SaveKeyValuePanel(rviz::Config config, int index) const
 {
     const MsgRecord* record = panel.GetRecord(index);
-    rviz::Config topics = config.mapMakeChild("topicList");
     const QList<KeyValuePanel*>& panels = panel.GetView(index)->GetKeyValueView()->GetKeyValuePanels();
+    const bool hasItems = std::any_of(panels.begin(), panels.end(), [](const KeyValuePanel* grid) {
+        return !grid->GetKeyValueGrid()->OrderedItems().isEmpty();
+    });
+    if (!hasItems) {
+        SaveKeyValuePanelWithoutData(config, index);
+        return;
+    }
+    rviz::Config topics = config.mapMakeChild("topicList");
     for (int at = 0; at < panels.size(); ++at) {
         rviz::Config topicChild = topics.mapMakeChild(QString("topic_%1").arg(at));
         const StatusBarView* bar = panels[at]->GetStatusBarView();
@@ -175,6 +184,75 @@ void MsgDataConfig::SaveKeyValuePanel(rviz::Config config, int index) const
     }
 }
 
+void MsgDataConfig::SaveFieldList(rviz::Config fields, const QVector<MsgRecordStruct::FieldData>& list)
+{
+    for (int number = 0; number < list.size(); ++number) {
+        const MsgRecordStruct::FieldData& field = list[number];
+        SaveField(fields.mapMakeChild(QString("field_%1").arg(number)), field.fieldName, field.fieldType,
+                  field.fieldNickName, field.constants);
+    }
+}
+
+QVector<MsgRecordStruct::FieldData> MsgDataConfig::SelectedFields(const MsgRecord& record, const std::string& topic)
+{
+    QVector<MsgRecordStruct::FieldData> list;
+    const auto topics = record.GetTopicFields();
+    const auto found = topics.find(topic);
+    if (found == topics.end()) {
+        return list;
+    }
+    const auto types = record.GetFieldsTypes(topic);
+    for (const std::string& field : found->second) {
+        MsgRecordStruct::FieldData data;
+        data.fieldName = QString::fromStdString(field);
+        const auto type = types.find(field);
+        data.fieldType = type == types.end() ? QString() : QString::fromStdString(type->second);
+        data.fieldNickName = QString::fromStdString(record.GetFieldsNickName(topic, field));
+        list.push_back(data);
+    }
+    return list;
+}
+
+void MsgDataConfig::SaveArrayPanelWithoutData(rviz::Config config, int index) const
+{
+    if (const MsgRecordStruct::PanelData* loaded = panel.GetLoadedPanel(index)) {
+        config.mapSetValue("topicName", loaded->topicName);
+        config.mapSetValue("showStatus", loaded->showStatus);
+        config.mapSetValue("sortIndex", loaded->sortIndex);
+        SaveFieldList(config.mapMakeChild("fieldList"), loaded->fields);
+        return;
+    }
+    const MsgRecord* record = panel.GetRecord(index);
+    const auto& topics = record->GetTopicFields();
+    const std::string topic = topics.empty() ? std::string() : topics.begin()->first;
+    config.mapSetValue("topicName", QString::fromStdString(topic));
+    config.mapSetValue("showStatus", 0);
+    config.mapSetValue("sortIndex", -1);
+    SaveFieldList(config.mapMakeChild("fieldList"), SelectedFields(*record, topic));
+}
+
+void MsgDataConfig::SaveKeyValuePanelWithoutData(rviz::Config config, int index) const
+{
+    rviz::Config topics = config.mapMakeChild("topicList");
+    if (const MsgRecordStruct::PanelData* loaded = panel.GetLoadedPanel(index)) {
+        for (int at = 0; at < loaded->topics.size(); ++at) {
+            rviz::Config topicChild = topics.mapMakeChild(QString("topic_%1").arg(at));
+            topicChild.mapSetValue("topicName", loaded->topics[at].topicName);
+            topicChild.mapSetValue("topicNickName", loaded->topics[at].topicNickName);
+            SaveFieldList(topicChild.mapMakeChild("fieldList"), loaded->topics[at].fields);
+        }
+        return;
+    }
+    const MsgRecord* record = panel.GetRecord(index);
+    int at = 0;
+    for (const auto& [topic, fields] : record->GetTopicFields()) {
+        rviz::Config topicChild = topics.mapMakeChild(QString("topic_%1").arg(at++));
+        topicChild.mapSetValue("topicName", QString::fromStdString(topic));
+        topicChild.mapSetValue("topicNickName", QString::fromStdString(record->GetTopicNickName(topic)));
+        SaveFieldList(topicChild.mapMakeChild("fieldList"), SelectedFields(*record, topic));
+    }
+}
+
 std::vector<MsgRecordStruct::PanelData> MsgDataConfig::Load(const rviz::Config& config)
 {
     std::vector<MsgRecordStruct::PanelData> panels;
@@ -191,7 +269,8 @@ MsgRecordStruct::PanelData MsgDataConfig::LoadPanel(const rviz::Config& config)
     panel.isChecked = ConfigBool(config, "isChecked");
     panel.panelName = ConfigString(config, "panelName");
     const rviz::Config position = config.mapGetChild("widgetPosition");
-    panel.widgetPosition = QRect(ConfigInt(position, "x"), ConfigInt(position, "y"), ConfigInt(position, "width"), ConfigInt(position, "height"));
+    panel.widgetPosition = QRect(ConfigInt(position, "x"), ConfigInt(position, "y"), ConfigInt(position, "width"),
+                                 ConfigInt(position, "height"));
     LoadReeditPanel(config, panel);
     if (panel.hasArrayField) {
         LoadArrayPanel(config, panel);

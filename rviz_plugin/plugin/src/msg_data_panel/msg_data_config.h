@@ -14,6 +14,7 @@ namespace rviz_plugin {
 
 class KeyValueGrid;
 class MsgDataPanel;
+class MsgRecord;
 class TableModel;
 
 // Writes the user panels of a viewer into the rviz configuration and reads them back: name, dock
@@ -36,6 +37,12 @@ private:
     static void SaveField(rviz::Config field, const QString& name, const QString& type, const QString& nickName,
                           const ConstantList& constants);
     // The four channels of a colour as fields numbered from number on; the next number.
+    // A panel whose view has no data yet (never shown, or its topics silent): what was loaded, or the
+    // record's selection for a panel edited since.
+    void SaveArrayPanelWithoutData(rviz::Config config, int index) const;
+    void SaveKeyValuePanelWithoutData(rviz::Config config, int index) const;
+    static void SaveFieldList(rviz::Config fields, const QVector<MsgRecordStruct::FieldData>& list);
+    static QVector<MsgRecordStruct::FieldData> SelectedFields(const MsgRecord& record, const std::string& topic);
     static int SaveColorChannels(rviz::Config fields, int number, const QString& group, const QString& nickName);
 
     static MsgRecordStruct::PanelData LoadPanel(const rviz::Config& config);

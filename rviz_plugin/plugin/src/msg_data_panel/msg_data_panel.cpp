@@ -193,8 +193,15 @@ void MsgDataPanel::ShowDisplayPanel(int index, const QString& name)
     SlotConfigChanged();
 }
 
+const MsgRecordStruct::PanelData* MsgDataPanel::GetLoadedPanel(int index) const
+{
+    const auto found = loadedPanels.find(records.value(index));
+    return found == loadedPanels.end() ? nullptr : &found->second;
+}
+
 void MsgDataPanel::DrawRecordMsgView(int index, const QString& name)
 {
+    loadedPanels.erase(records[index]);
     const auto& kinds = definitionWidget->GetSelectedTypeVec();
     const bool table = index < static_cast<int>(kinds.size()) && kinds[index] == "isSelectedArray";
     records[index]->UpdateSelectionDataFromDefinition(table, definitionWidget->GetSelectedArrayName(index),
@@ -226,6 +233,7 @@ void MsgDataPanel::DisplayWindowsByLoadedData(const MsgRecordStruct::PanelData* 
     auto* record = new MsgRecord();
     record->ParsePanelData(panel);
     records.push_back(record);
+    loadedPanels[record] = *panel;
     StructuredDataView* view = InitStructuredDataView(record);
     rviz::PanelDockWidget* dock = CreatePanelDock(panel->panelName, view);
     InitEditTitle(record, dock);
@@ -322,6 +330,7 @@ void MsgDataPanel::RemoveRecord(int index)
     views.removeAt(index);
     docks.removeAt(index);
     editTitles.removeAt(index);
+    loadedPanels.erase(records[index]);
     delete records.takeAt(index);
     for (int at = 0; at < docks.size(); ++at) {
         docks[at]->setProperty("position", at);

@@ -13,6 +13,8 @@
 #include <QRect>
 #include <QVector>
 
+#include <map>
+
 #include <memory>
 
 namespace rviz {
@@ -60,6 +62,8 @@ public:
     QString GetBackgroundColor() const { return backgroundColor; }
     Qt::Alignment GetAlignment() const { return alignment; }
     MsgRecord* GetRecord(int index) const { return records.value(index); }
+    // The panel as it was read from the configuration, until it is edited; null for a new panel.
+    const MsgRecordStruct::PanelData* GetLoadedPanel(int index) const;
     StructuredDataView* GetView(int index) const { return views.value(index); }
     rviz::PanelDockWidget* GetDock(int index) const { return docks.value(index); }
     EditTitle* GetEditTitle(int index) const { return editTitles.value(index); }
@@ -113,6 +117,7 @@ private:
     QString backgroundColor = "white";
     Qt::Alignment alignment = Qt::AlignLeft;
     QVector<MsgRecord*> records;
+    std::map<const MsgRecord*, MsgRecordStruct::PanelData> loadedPanels;
     QVector<StructuredDataView*> views;
     QVector<rviz::PanelDockWidget*> docks;
     QVector<EditTitle*> editTitles;

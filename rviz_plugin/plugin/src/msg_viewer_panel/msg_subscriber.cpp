@@ -5,11 +5,14 @@
 namespace rviz_plugin {
 
 namespace {
-constexpr uint32_t subscriberQueueSize = 10;
+constexpr uint32_t definitionQueueSize = 10;
 constexpr int maxArraySize = 100;
 } // namespace
 
-MsgSubscriber::MsgSubscriber(std::unique_ptr<MsgDataHandler> dataHandler) : handler(std::move(dataHandler)) {}
+MsgSubscriber::MsgSubscriber(std::unique_ptr<MsgDataHandler> dataHandler, uint32_t queueSize)
+    : displayQueueSize(queueSize), handler(std::move(dataHandler))
+{
+}
 
 void MsgSubscriber::Log(const std::string& message, Orsa::LogLevel level) const
 {
@@ -20,7 +23,7 @@ ros::Subscriber MsgSubscriber::Subscribe(const std::string& topic, Purpose purpo
 {
     ros::SubscribeOptions options;
     options.topic = topic;
-    options.queue_size = subscriberQueueSize;
+    options.queue_size = purpose == Purpose::Display ? displayQueueSize : definitionQueueSize;
     options.md5sum = ros::message_traits::md5sum<RosMsgParser::ShapeShifter>();
     options.datatype = ros::message_traits::datatype<RosMsgParser::ShapeShifter>();
     options.helper = boost::make_shared<ros::SubscriptionCallbackHelperT<const RosMsgParser::ShapeShifter::ConstPtr&>>(

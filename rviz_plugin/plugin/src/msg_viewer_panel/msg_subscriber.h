@@ -26,7 +26,9 @@ namespace rviz_plugin {
 class MsgSubscriber : public QObject {
     Q_OBJECT
 public:
-    explicit MsgSubscriber(std::unique_ptr<MsgDataHandler> handler = std::make_unique<MsgDataHandler>());
+    // queueSize: the messages of a displayed topic kept between two turns of the callback queue.
+    explicit MsgSubscriber(std::unique_ptr<MsgDataHandler> handler = std::make_unique<MsgDataHandler>(),
+                           uint32_t queueSize = 10);
 
     // Every topic on the master, for the definition dialog, which needs each topic's definition and
     // no values: a topic is subscribed until its first message has given its definition, and no
@@ -55,6 +57,7 @@ protected:
 
     std::map<std::string, ros::Subscriber> subscribers;
     int maxRows = 100;
+    const uint32_t displayQueueSize;
 
 private:
     MsgParsers::CachedPack* Register(const RosMsgParser::ShapeShifter& msg, const std::string& topic);

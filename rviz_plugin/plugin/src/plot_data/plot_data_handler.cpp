@@ -59,7 +59,8 @@ void PlotDataHandler::DisplaySelectedData(const DeserializedMsgs& msgs, const st
         ConstructKeyValueData();
     }
     if (!GetSelectedFields().empty() && HasProcessedAllSelectedTopic()) {
-        processedTime = static_cast<double>(QDateTime::currentDateTime().toMSecsSinceEpoch()) / 1000.0;
+        // The clock as milliseconds since the epoch, without a time zone to look up.
+        processedTime = static_cast<double>(QDateTime::currentMSecsSinceEpoch()) / 1000.0;
     }
 }
 

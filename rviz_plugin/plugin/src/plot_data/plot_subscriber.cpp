@@ -4,7 +4,7 @@
 
 namespace rviz_plugin {
 
-PlotSubscriber::PlotSubscriber() : MsgSubscriber(std::make_unique<PlotDataHandler>())
+PlotSubscriber::PlotSubscriber() : MsgSubscriber(std::make_unique<PlotDataHandler>(), displayQueueSize)
 {
     qRegisterMetaType<QVector<QString>>("QVector<QString>");
     moveToThread(&thread);

@@ -22,6 +22,10 @@ namespace rviz_plugin {
 class PlotSubscriber : public MsgSubscriber {
     Q_OBJECT
 public:
+    // Every message is a sample: a second of a 1 kHz topic waits between two turns of the queue
+    // (rviz turns it every 30 ms or so).
+    static constexpr uint32_t displayQueueSize = 1000;
+
     PlotSubscriber();
     ~PlotSubscriber() override;
 

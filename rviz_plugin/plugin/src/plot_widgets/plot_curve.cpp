@@ -66,7 +66,7 @@ public:
     {
         FlushColumn();
         if (polyline.size() > 1) {
-            QwtPainter::drawPolyline(painter, polyline);
+            painter->drawPolyline(polyline);
         } else if (polyline.size() == 1) {
             QwtPainter::drawPoint(painter, polyline.front());
         }

@@ -44,6 +44,12 @@ constexpr int yLabelHeight = 30;
 constexpr int minimumCanvasWidth = 120;
 constexpr int minimumCanvasHeight = 80;
 
+// One pixel wide: the painter's fast path for antialiased lines takes pens no wider.
+QPen CurvePen(const QColor& color)
+{
+    return QPen(color, 1.0);
+}
+
 QPushButton* ToolButton(const QString& name, const QString& icon, const QString& tip, QWidget* parent)
 {
     auto* button = new QPushButton(QIcon(":/plotqrc/assets/image/" + icon), QString(), parent);
@@ -199,7 +205,7 @@ void PlotWidget::InitCanvas()
 PlotCurve* PlotWidget::NewCurve(const QColor& color, const QString& name)
 {
     auto* curve = new PlotCurve(name);
-    curve->setPen(QPen(color, 1.5));
+    curve->setPen(CurvePen(color));
     curve->Series().SetSeparateTimes(IsMsgPath());
     curve->attach(plot);
     return curve;
@@ -667,10 +673,10 @@ void PlotWidget::SlotColorChanged(int index, const QColor& color)
     if (plot == nullptr || index < 0 || index >= curves.size()) {
         return;
     }
-    curves[index]->setPen(QPen(color, 1.5));
+    curves[index]->setPen(CurvePen(color));
     curves[index]->UpdateSymbol();
     if (bakCurves.contains(index)) {
-        bakCurves[index]->setPen(QPen(color, 1.5));
+        bakCurves[index]->setPen(CurvePen(color));
     }
     plot->replot();
 }

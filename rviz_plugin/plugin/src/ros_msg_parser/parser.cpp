@@ -212,6 +212,9 @@ void Parser::setMaxArrayPolicy(MaxArrayPolicy policy, std::size_t maxArraySize)
     if (maxArraySize > maxArraySizeLimit) {
         throw std::runtime_error("max_array_size limited to 10000 at most");
     }
+    if (programs_ && policy == policy_ && maxArraySize == maxArraySize_) {
+        return;  // the programs already follow this policy
+    }
     policy_ = policy;
     maxArraySize_ = maxArraySize;
     BuildPrograms();

@@ -27,6 +27,7 @@
 
 #include <ros/ros.h>
 #include <rviz/config.h>
+#include <rviz/yaml_config_writer.h>
 #include <rviz/panel_dock_widget.h>
 #include <rviz/visualization_frame.h>
 #include <rviz/visualization_manager.h>
@@ -361,6 +362,57 @@ TEST_F(MsgDataPanelTest, EditingAPanelRecoversItsTicksAndKeepsItsPlace)
     EXPECT_EQ(panel->GetDock(0)->pos(), QPoint(712, 314));
     KeyValueGrid* grid = panel->GetView(0)->GetKeyValueView()->GetKeyValuePanels()[0]->GetKeyValueGrid();
     EXPECT_EQ(grid->GetKeyValueItems().size(), 2);
+}
+
+// Panels whose topics are silent (or that are not ticked) have nothing on screen to save from: they
+// save what they were loaded with, and a panel edited since saves its selection.
+TEST_F(MsgDataPanelTest, PanelsWithoutDataSaveWhatTheyWereLoadedWith)
+{
+    rviz::Config config;
+    rviz::Config list = config.mapMakeChild("MsgDataPanel").mapMakeChild("panelList");
+    rviz::Config table = list.mapMakeChild("panel_0");
+    table.mapSetValue("hasArrayField", true);
+    table.mapSetValue("isChecked", false);
+    table.mapSetValue("panelName", "Silent table");
+    table.mapSetValue("topicName", "/silent");
+    table.mapSetValue("showStatus", 3);
+    table.mapSetValue("sortIndex", 1);
+    rviz::Config reedit = table.mapMakeChild("reeditPanel");
+    reedit.mapMakeChild("selectedItemMap").mapMakeChild("/silent").mapSetValue("/silent/items/id", "[int32]");
+    reedit.mapSetValue("selectedArrayName", "/silent/items");
+    rviz::Config field = table.mapMakeChild("fieldList").mapMakeChild("field_0");
+    field.mapSetValue("fieldName", "/silent/items/id");
+    field.mapSetValue("fieldType", "[int32]");
+    field.mapSetValue("fieldNickName", "Id");
+    field.mapMakeChild("constantList").mapMakeChild("constant_0").mapSetValue("1", "MODE_A");
+    rviz::Config pairs = list.mapMakeChild("panel_1");
+    pairs.mapSetValue("hasArrayField", false);
+    pairs.mapSetValue("isChecked", true);
+    pairs.mapSetValue("panelName", "Quiet pairs");
+    rviz::Config topic = pairs.mapMakeChild("topicList").mapMakeChild("topic_0");
+    topic.mapSetValue("topicName", "/quiet");
+    topic.mapSetValue("topicNickName", "Quiet");
+    rviz::Config speed = topic.mapMakeChild("fieldList").mapMakeChild("field_0");
+    speed.mapSetValue("fieldName", "/quiet/speed");
+    speed.mapSetValue("fieldType", "[float64]");
+    speed.mapSetValue("fieldNickName", "Speed");
+    speed.mapMakeChild("constantList");
+
+    panel->load(config);
+    ASSERT_EQ(panel->GetPanelCount(), 2);
+    rviz::Config saved;
+    panel->save(saved);
+    const auto part = [](const rviz::Config& panels, int index, const char* key) {
+        return rviz::YamlConfigWriter()
+            .writeString(panels.mapGetChild("MsgDataPanel").mapGetChild("panelList").mapGetChild(
+                QString("panel_%1").arg(index)).mapGetChild(key))
+            .toStdString();
+    };
+    for (const char* key : {"fieldList", "topicName", "showStatus", "sortIndex"}) {
+        EXPECT_EQ(part(saved, 0, key), part(config, 0, key)) << key;
+    }
+    EXPECT_EQ(part(saved, 1, "topicList"), part(config, 1, "topicList"));
+    EXPECT_NE(part(saved, 0, "fieldList").find("MODE_A"), std::string::npos);
 }
 
 TEST_F(MsgDataPanelTest, DocksDroppedOnTheLeftOrBottomTakeSlots)
