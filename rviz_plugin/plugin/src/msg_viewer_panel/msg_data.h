@@ -14,6 +14,12 @@ public:
     using Row = std::vector<std::string>;
     using Pairs = std::vector<std::pair<std::string, std::string>>;
 
+    MsgData() = default;
+    // Owned through this type by the handler, whatever the owner's kind of data.
+    virtual ~MsgData() = default;
+    MsgData(const MsgData&) = default;
+    MsgData& operator=(const MsgData&) = default;
+
     int GetFrequency(const std::string& topic) const;
     void UpdateDataFrequency();
 

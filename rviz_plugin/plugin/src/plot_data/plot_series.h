@@ -6,18 +6,24 @@
 #include <QVector>
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
+#include <vector>
 
 namespace rviz_plugin {
 
-// The samples of one line: points, and the time of each. Against time a point's x is its time and
-// no second copy is kept (16 bytes a sample); against another field the times are kept beside.
-// Stored in blocks, so that growing never copies and the oldest samples go without moving the rest.
+// The samples of one line. Against time a sample's x is its time, kept as microseconds after the
+// time of its chunk's first sample (4 bytes) beside its y (8 bytes); against another field x and the
+// time are full doubles. Samples are stored in chunks, so that growing never copies and the oldest
+// samples go without moving the rest; each chunk summarises the y range of its blocks for drawing.
 class PlotSeries {
 public:
     // The hour a line keeps, and the tolerance of the comparisons of times.
     static constexpr double historySeconds = 3600.0;
     static constexpr double timeTolerance = 0.0001;
+    // Samples a chunk holds, and samples a y summary covers.
+    static constexpr std::size_t chunkSize = 4096;
+    static constexpr std::size_t blockSize = 32;
 
     void SetSeparateTimes(bool separate);
     bool HasSeparateTimes() const { return separateTimes; }
@@ -25,10 +31,10 @@ public:
     void Append(const QVector<QPointF>& points, const QVector<double>& times);
     void Clear();
 
-    std::size_t size() const { return points.size(); }
-    bool empty() const { return points.empty(); }
-    const QPointF& Point(std::size_t i) const { return points[i]; }
-    double Time(std::size_t i) const { return separateTimes ? times[i] : points[i].x(); }
+    std::size_t size() const { return count; }
+    bool empty() const { return count == 0; }
+    QPointF Point(std::size_t i) const;
+    double Time(std::size_t i) const;
 
     // The count of oldest samples beyond range seconds, counted back from the newest sample over the
     // steps between neighbours; a step back (a replay starting over) does not count.
@@ -48,28 +54,38 @@ public:
     // the summaries of whole blocks, so a long range costs little more than a short one.
     bool MinMaxY(std::size_t begin, std::size_t end, double& low, double& high) const;
 
-    // Samples a block summary covers.
-    static constexpr std::size_t blockSize = 32;
-
 private:
     struct Block {
-        double low;
-        double high;
+        float low;
+        float high;
     };
+    struct Chunk {
+        std::size_t start = 0;  // the absolute number of its first sample
+        double base = 0.0;      // against time: the time of its first sample
+        std::vector<int32_t> offsets;
+        std::vector<double> xs;
+        std::vector<double> times;
+        std::vector<double> ys;
+        std::vector<Block> blocks;
+        std::size_t size() const { return ys.size(); }
+    };
+
+    void Push(const QPointF& point, double time);
+    bool Fits(const Chunk& chunk, double time) const;
     void Grow(const QPointF& point);
     void RecomputeBounds() const;
-    void Summarise(const QPointF& point);
-    void ScanY(std::size_t begin, std::size_t end, double& low, double& high) const;
+    // The chunk and the place in it of sample i (counted from the first kept sample).
+    const Chunk& Locate(std::size_t i, std::size_t& at) const;
+    double X(const Chunk& chunk, std::size_t at) const;
 
-    std::deque<QPointF> points;
-    std::deque<double> times;
-    // The y range of each block of samples, by the blocks' absolute numbers from firstBlock.
-    std::deque<Block> blocks;
-    std::size_t firstAbsolute = 0;  // the absolute number of points[0]
-    std::size_t firstBlock = 0;
+    std::deque<Chunk> chunks;
+    std::size_t firstAbsolute = 0;  // the absolute number of sample 0
+    std::size_t count = 0;
+    mutable std::size_t lastChunk = 0;  // where the previous lookup ended: reads go mostly in order
     bool separateTimes = false;
     bool xSorted = true;
     bool hasStepBack = false;
+    double lastTime = 0.0;
     mutable bool boundsValid = true;
     mutable bool hasBounds = false;
     mutable double minX = 0.0;

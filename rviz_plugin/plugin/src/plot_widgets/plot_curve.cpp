@@ -182,8 +182,8 @@ void PlotCurve::drawLines(QPainter* painter, const QwtScaleMap& xMap, const QwtS
             next = stop;
             continue;
         }
-        const QPointF& first = series->Point(next);
-        const QPointF& last = series->Point(stop - 1);
+        const QPointF first = series->Point(next);
+        const QPointF last = series->Point(stop - 1);
         const double x = xMap.transform(first.x());
         add(first);
         reducer.Add(x, yMap.transform(low));
@@ -213,7 +213,7 @@ int PlotCurve::ClosestSample(const QPointF& pos, const QwtScaleMap& xMap, const 
     int best = -1;
     double bestDistance = std::numeric_limits<double>::max();
     for (std::size_t i = 0; i < series->size(); ++i) {
-        const QPointF& p = series->Point(i);
+        const QPointF p = series->Point(i);
         const double dx = xMap.transform(p.x()) - pos.x();
         const double dy = yMap.transform(p.y()) - pos.y();
         const double distance = dx * dx + dy * dy;
