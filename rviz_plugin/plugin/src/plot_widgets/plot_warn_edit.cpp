@@ -10,10 +10,34 @@ PlotWarnEdit::PlotWarnEdit(const QString& placeholder, QWidget* parent) : LineEd
 {
     GetLineEdit()->setMaxLength(maxLength * 2);
     connect(GetLineEdit(), &QLineEdit::textChanged, this, [this](const QString& text) {
-        GetLineEdit()->setMaxLength((maxLength - PlotGlobal::GetChineseCount(text)) * 2);
+        LimitLength(text);
         InstallChecks();
     });
     connect(this, &LineEditWithWarnLabel::WarningChanged, this, &PlotWarnEdit::SlotWarningStatusChanged);
+}
+
+void PlotWarnEdit::LimitLength(const QString& text)
+{
+    // A wide character takes the room of two: (60 - wide characters) x 2 characters at most.
+    const auto limit = [](int wide) { return (maxLength - wide) * 2; };
+    if (text.size() <= limit(PlotGlobal::GetChineseCount(text))) {
+        GetLineEdit()->setMaxLength(limit(PlotGlobal::GetChineseCount(text)));
+        return;
+    }
+    // Pasted text beyond the limit: its longest start within it stays (the limit alone could be
+    // negative and empty the edit).
+    int kept = 0;
+    int wide = 0;
+    while (kept < text.size()) {
+        const int nextWide = wide + PlotGlobal::GetChineseCount(text.mid(kept, 1));
+        if (kept + 1 > limit(nextWide)) {
+            break;
+        }
+        wide = nextWide;
+        ++kept;
+    }
+    GetLineEdit()->setMaxLength(limit(wide));
+    GetLineEdit()->setText(text.left(kept));
 }
 
 void PlotWarnEdit::InstallChecks()

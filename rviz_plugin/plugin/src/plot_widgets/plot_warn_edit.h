@@ -28,6 +28,7 @@ private Q_SLOTS:
 
 private:
     void InstallChecks();
+    void LimitLength(const QString& text);
 
     QStringList verifyNames;
     bool hasVerifyNames = false;

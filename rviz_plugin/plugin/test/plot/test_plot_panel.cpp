@@ -457,6 +457,14 @@ TEST_F(PlotPanel, SettingsDialogSpinBoxesAndNames)
     xRange->SetValue(20.5L);
     EXPECT_EQ(xRange->GetText(), "20.5");
 
+    // Titles of 60 characters, fewer when wide; a long paste keeps the start that fits.
+    QLineEdit* title = dialog->GetTitleEdit()->GetLineEdit();
+    title->setText(QString(130, 'a'));
+    EXPECT_EQ(title->text().size(), 120);
+    title->setText(QString(70, QChar(0x8F66)));
+    EXPECT_EQ(title->text(), QString(40, QChar(0x8F66)));
+    EXPECT_EQ(title->maxLength(), 40);
+
     // A title in use is refused.
     dialog->GetTitleEdit()->GetLineEdit()->setText("Brake");
     EXPECT_EQ(dialog->GetTitleEdit()->GetWarning(), "Duplicate name.");
