@@ -1,5 +1,7 @@
 #include "topic_combobox.h"
 
+#include "foundation/master_topics.h"
+
 #include <QLineEdit>
 #include <QStringList>
 
@@ -23,7 +25,7 @@ void TopicCombobox::showPopup()
 {
     QStringList topics;
     ros::master::V_TopicInfo infos;
-    if (ros::master::getTopics(infos)) {
+    if (GetTopicsWithoutWaiting(infos)) {
         for (const auto& info : infos) {
             if (info.datatype == videoDataType) {
                 topics << QString::fromStdString(info.name);

@@ -1,6 +1,7 @@
 #include "msg_subscriber.h"
 
 #include "foundation/logger.h"
+#include "foundation/master_topics.h"
 
 namespace rviz_plugin {
 
@@ -41,7 +42,7 @@ bool MsgSubscriber::UpdateMsgDefinitionSubscriber(std::chrono::milliseconds budg
 {
     if (pendingTopics.empty()) {
         ros::master::V_TopicInfo topics;
-        ros::master::getTopics(topics);
+        GetTopicsWithoutWaiting(topics);
         for (auto topic = topics.rbegin(); topic != topics.rend(); ++topic) {
             pendingTopics.push_back(topic->name);
         }

@@ -1,5 +1,6 @@
 #include "offset_settings_gui.h"
 
+#include "foundation/master_topics.h"
 #include "foundation/path_utils.h"
 #include "foundation/set_qss.h"
 #include "offset_xy_display.h"
@@ -157,7 +158,7 @@ void OffsetSettingsGui::RefreshPage()
 std::vector<std::pair<std::string, std::string>> OffsetSettingsGui::LiveTopics() const
 {
     ros::master::V_TopicInfo topics;
-    ros::master::getTopics(topics);
+    GetTopicsWithoutWaiting(topics);
     std::vector<std::pair<std::string, std::string>> live;
     for (const ros::master::TopicInfo& topic : topics) {
         live.emplace_back(topic.name, topic.datatype);

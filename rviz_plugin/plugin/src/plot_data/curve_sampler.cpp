@@ -69,7 +69,8 @@ void CurveSampler::SlotSendPoints()
 
 void CurveSampler::SlotUpdateCurve(const QString& topic)
 {
-    if (yField.isEmpty() || topic != yTopic) {
+    // A stopped line (a hidden plot) keeps nothing: with nothing sending, points would pile up.
+    if (yField.isEmpty() || topic != yTopic || !sendTimer.isActive()) {
         return;
     }
     const PlotDataHandler& handler = record.GetHandler();

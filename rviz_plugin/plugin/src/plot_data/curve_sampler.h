@@ -38,6 +38,7 @@ public:
     bool HasNewPoint() const { return hasNewPoint; }
     const QVector<QPointF>& GetPoints() const { return points; }
 
+    // Points are made only while started.
     void StartUpdateCurve();
     void StopUpdateCurve();
     // Empties the points waiting to be sent, keeping their memory.

@@ -60,6 +60,13 @@ int PlotRecord::GetArraySize(const std::string& topic, const std::string& arrayN
     return count;
 }
 
+void PlotRecord::Resume()
+{
+    if (HasLines()) {
+        ApplySelection();
+    }
+}
+
 void PlotRecord::ApplySelection()
 {
     std::map<std::string, FieldTypePairs> all;

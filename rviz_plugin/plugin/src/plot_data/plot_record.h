@@ -27,6 +27,8 @@ public:
     void UpdateSelection(int line, const std::string& xKey, const std::string& yKey);
     // Forgets a line; with no line left the subscription ends.
     void RemoveLine(int line);
+    // Subscribes again to the lines' topics after ShutdownSubscriber (a plot shown again).
+    void Resume();
     bool HasLines() const { return !lineSelections.empty(); }
     // The element count of an array in the topic's last message (0 before one came).
     int GetArraySize(const std::string& topic, const std::string& arrayName);

@@ -1,5 +1,7 @@
 #include "plot_subscriber.h"
 
+#include "foundation/master_topics.h"
+
 #include <memory>
 
 namespace rviz_plugin {
@@ -46,7 +48,7 @@ void PlotSubscriber::ShutdownSubscriber()
 void PlotSubscriber::SlotSubscriber()
 {
     ros::master::V_TopicInfo topics;
-    ros::master::getTopics(topics);
+    GetTopicsWithoutWaiting(topics);
     for (const auto& topic : topics) {
         bool defined = false;
         {

@@ -437,6 +437,14 @@ void PlotAxisWidget::UpdateAxisWidget()
 
 void PlotAxisWidget::OnPlotVisibleChanged(bool visible)
 {
+    // A hidden plot decodes nothing.
+    if (visible) {
+        record.Resume();
+        xRecord.Resume();
+    } else {
+        record.ShutdownSubscriber();
+        xRecord.ShutdownSubscriber();
+    }
     for (PlotAxisItem* item : items) {
         if (visible) {
             item->StartUpdateCurve();

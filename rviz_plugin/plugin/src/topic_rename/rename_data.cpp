@@ -3,6 +3,7 @@
 #include "foundation/config_file_tool.h"
 #include "foundation/file_hander.h"
 #include "foundation/logger.h"
+#include "foundation/master_topics.h"
 #include "foundation/path_utils.h"
 
 #include <ros/master.h>
@@ -55,7 +56,7 @@ void RenameData::ObtainRosMasterTopic()
 {
     topicMap.clear();
     ros::master::V_TopicInfo topics;
-    ros::master::getTopics(topics);
+    GetTopicsWithoutWaiting(topics);
     for (const ros::master::TopicInfo& topic : topics) {
         if (topic.datatype == "custom/Video") {
             const std::string key = AliasKey(topic.name);

@@ -39,6 +39,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QWheelEvent>
 #include <QPushButton>
 #include <QSplitter>
 
@@ -165,6 +166,13 @@ TEST_F(PlotPanel, TheDefaultTemplatePlotsTheVehicleLive)
     ASSERT_TRUE(ServeWhilePublishing([&]() { return !brake->GetCurves()[0]->Series().empty(); }, 10s));
     ASSERT_TRUE(Serve([&]() { return brake->GetPlot()->axisScaleDiv(QwtPlot::yLeft).lowerBound() == -0.5; }, 5s));
     EXPECT_EQ(brake->GetPlot()->axisScaleDiv(QwtPlot::yLeft).upperBound(), 1.5);
+
+    // Hidden, the panel subscribes to nothing and its plots lose their samples; shown, they start again.
+    plot->SlotVisibilityChanged(false);
+    EXPECT_TRUE(speed->GetCurves()[0]->Series().empty());
+    EXPECT_TRUE(Serve([&]() { return vehicle.getNumSubscribers() == 0; }, 10s));
+    plot->SlotVisibilityChanged(true);
+    EXPECT_TRUE(ServeWhilePublishing([&]() { return !speed->GetCurves()[0]->Series().empty(); }, 10s));
 }
 
 TEST_F(PlotPanel, SplitsNestUpToEightAndTheLastPlotStays)
@@ -334,6 +342,25 @@ TEST_F(PlotPanel, TimeLinesFollowTheCursorOnEveryTimePlot)
     QCoreApplication::sendEvent(canvas, &leave);
     EXPECT_FALSE(speed->GetTimeLine()->isVisible());
     EXPECT_FALSE(brake->GetTimeLine()->isVisible());
+
+    // The wheel zooms the time plots together about the cursor; the restore button brings them back.
+    const QwtScaleDiv before = brake->GetPlot()->axisScaleDiv(QwtPlot::xBottom);
+    const QwtScaleDiv throttleBefore = throttle->GetPlot()->axisScaleDiv(QwtPlot::xBottom);
+    const QPointF middle(canvas->width() / 2.0, canvas->height() / 2.0);
+    QWheelEvent wheel(middle, canvas->mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, 120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(canvas, &wheel);
+    EXPECT_TRUE(speed->IsRescaled());
+    EXPECT_TRUE(brake->IsRescaled());
+    EXPECT_FALSE(throttle->IsRescaled());
+    const QwtScaleDiv zoomed = brake->GetPlot()->axisScaleDiv(QwtPlot::xBottom);
+    EXPECT_NEAR(zoomed.range(), before.range() * 0.9, before.range() * 0.02);
+    EXPECT_EQ(throttle->GetPlot()->axisScaleDiv(QwtPlot::xBottom).range(), throttleBefore.range());
+    EXPECT_FALSE(speed->GetRestoreButton()->isHidden());
+    EXPECT_EQ(speed->GetCanvasData().magnifierData.delta, 120);
+    speed->GetRestoreButton()->click();
+    EXPECT_FALSE(brake->IsRescaled());
+    EXPECT_EQ(brake->GetPlot()->axisScaleDiv(QwtPlot::xBottom).range(), before.range());
 }
 
 TEST_F(PlotPanel, AxisPaneLinesColoursAndFields)

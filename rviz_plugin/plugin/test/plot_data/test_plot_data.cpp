@@ -80,6 +80,7 @@ protected:
         }
         record.UpdateSelectionDataFromDefinition(line, selection);
         record.UpdateSelection(line, x.toStdString(), y.toStdString());
+        sampler.StartUpdateCurve();
     }
     void Send(const std::string& topic, const RosMsgParser::ShapeShifter& shape)
     {
@@ -205,6 +206,23 @@ TEST_F(PlotPipeline, FieldAgainstFieldAndBadMessages)
     EXPECT_FALSE(record.HasLines());
 }
 
+TEST_F(PlotPipeline, AStoppedLineKeepsNothing)
+{
+    CurveSampler speed(record, model);
+    Sent sent(speed);
+    Select(speed, 0, "/plot/speed");
+    speed.StopUpdateCurve();
+    for (int i = 0; i < 100; ++i) {
+        Send("/plot", PlotShape(PlotMessage()));
+    }
+    EXPECT_TRUE(speed.GetPoints().isEmpty());
+    EXPECT_FALSE(speed.HasNewPoint());
+    speed.StartUpdateCurve();
+    Send("/plot", PlotShape(PlotMessage()));
+    speed.SlotSendPoints();
+    EXPECT_EQ(sent.points.size(), 1);
+}
+
 TEST_F(PlotPipeline, LinesOfOneRecordKeepEachOthersTopics)
 {
     CurveSampler level(record, model);
@@ -261,6 +279,7 @@ TEST(PlotSubscriberThread, SubscribesThroughItsThreadAndCallsBackOnTheQueue)
     CurveSampler speed(record, model);
     Sent sent(speed);
     speed.SetYField("/plot_thread/speed");
+    speed.StartUpdateCurve();
     record.UpdateSelectionDataFromDefinition(0, {{"/plot_thread", {{"/plot_thread/speed", "[float64]"}}}});
     record.UpdateSelection(0, "", "/plot_thread/speed");
     ASSERT_TRUE(test_support::WaitFor(
