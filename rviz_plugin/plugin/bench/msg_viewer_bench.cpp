@@ -12,6 +12,7 @@
 // 3. A marker array of 1000 markers in a table: decoding and storing one message, and one display
 //    refresh of its first 100 rows.
 #include "../test/support/processes.h"
+#include "../test/support/ros_test_main.h"
 #include "../test/support/temp_dir.h"
 #include "msg_definition/msg_definition_model_mgr.h"
 #include "msg_view_models/table_model.h"
@@ -294,23 +295,17 @@ int main(int argc, char** argv)
         }
     }
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    test_support::TempDir work;
-    test_support::RosMaster master(work.Path().string());
-    for (const auto& [name, value] : master.RosEnvironment()) {
-        setenv(name.c_str(), value.c_str(), 1);
-    }
-    ros::init(argc, argv, "msg_viewer_bench", ros::init_options::NoSigintHandler);
-    ros::start();
-    QApplication application(argc, argv);
-    if (part.empty() || part == "dialog") {
-        DialogFigures();
-    }
-    if (part.empty() || part == "panels") {
-        PanelFigures(seconds);
-    }
-    if (part.empty() || part == "markers") {
-        MarkerTableFigures();
-    }
-    ros::shutdown();
-    return 0;
+    return test_support::WithRosMaster(argc, argv, "msg_viewer_bench", [&]() {
+        QApplication application(argc, argv);
+        if (part.empty() || part == "dialog") {
+            DialogFigures();
+        }
+        if (part.empty() || part == "panels") {
+            PanelFigures(seconds);
+        }
+        if (part.empty() || part == "markers") {
+            MarkerTableFigures();
+        }
+        return 0;
+    });
 }

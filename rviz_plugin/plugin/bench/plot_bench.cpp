@@ -11,6 +11,7 @@
 // 3. memory: the ingest for S seconds (600 for the figure); resident memory grown, per kept sample.
 //    Target: at most 16 bytes a sample.
 #include "../test/support/processes.h"
+#include "../test/support/ros_test_main.h"
 #include "../test/support/temp_dir.h"
 #include "plot_data/plot_canvas_data.h"
 #include "plot_data/plot_model.h"
@@ -321,23 +322,17 @@ int main(int argc, char** argv)
         }
     }
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    test_support::TempDir work;
-    test_support::RosMaster master(work.Path().string());
-    for (const auto& [name, value] : master.RosEnvironment()) {
-        setenv(name.c_str(), value.c_str(), 1);
-    }
-    ros::init(argc, argv, "plot_bench", ros::init_options::NoSigintHandler);
-    ros::start();
-    QApplication application(argc, argv);
-    if (part.empty() || part == "replot") {
-        ReplotFigures();
-    }
-    if (part.empty() || part == "ingest") {
-        IngestFigures(seconds, false);
-    }
-    if (part == "memory") {
-        IngestFigures(seconds, true);
-    }
-    ros::shutdown();
-    return 0;
+    return test_support::WithRosMaster(argc, argv, "plot_bench", [&]() {
+        QApplication application(argc, argv);
+        if (part.empty() || part == "replot") {
+            ReplotFigures();
+        }
+        if (part.empty() || part == "ingest") {
+            IngestFigures(seconds, false);
+        }
+        if (part == "memory") {
+            IngestFigures(seconds, true);
+        }
+        return 0;
+    });
 }

@@ -25,12 +25,18 @@ bool PlotDataHandler::HasProcessedAllSelectedTopic() const
 void PlotDataHandler::UpdateCaptureArray(const std::set<std::string>& keys)
 {
     selectedArrays.clear();
+    capturesTimeParts.clear();
     for (const std::string& key : keys) {
         if (key.find('.', 1) == std::string::npos) {
             continue;
         }
         const std::size_t slash = key.find('/', 1);
-        selectedArrays[slash == std::string::npos ? key : key.substr(0, slash)].insert(key);
+        const std::string topicName = slash == std::string::npos ? key : key.substr(0, slash);
+        selectedArrays[topicName].insert(key);
+        const auto endsWith = [&key](const std::string& end) {
+            return key.size() > end.size() && key.compare(key.size() - end.size(), end.size(), end) == 0;
+        };
+        capturesTimeParts[topicName] = capturesTimeParts[topicName] || endsWith("/secs") || endsWith("/nsecs");
     }
     isCaptureOnly = !selectedArrays.empty();
     SetStoresRows(!isCaptureOnly);
@@ -48,6 +54,8 @@ void PlotDataHandler::DisplaySelectedData(const DeserializedMsgs& msgs, const st
         CountDataFrame(name);
         const auto keys = selectedArrays.find(name);
         captureKeys = keys == selectedArrays.end() ? nullptr : &keys->second;
+        const auto parts = capturesTimeParts.find(name);
+        timeParts = parts != capturesTimeParts.end() && parts->second;
         if (captureKeys != nullptr) {
             for (const std::string& key : *captureKeys) {
                 plotData->ClearArrayData(key);
@@ -76,6 +84,9 @@ void PlotDataHandler::CaptureValue(const std::string& path, double value)
     }
     if (captureKeys->count(path) != 0) {
         plotData->InsertArrayData(path, FormatValue(value));
+        return;
+    }
+    if (!timeParts) {
         return;
     }
     // A time is one number in the message; its two fields are captured under their own paths.

@@ -45,6 +45,9 @@ private:
     // Of the message being stored.
     std::string stampPath;
     const std::unordered_set<std::string>* captureKeys = nullptr;
+    // Whether the topic's capture keys name the seconds or nanoseconds of a time.
+    std::map<std::string, bool> capturesTimeParts;
+    bool timeParts = false;
 };
 
 } // namespace rviz_plugin

@@ -21,7 +21,6 @@ class PlotGlobal : public QObject {
 public:
     static PlotGlobal& GetInstance();
 
-    static std::time_t GetTimeStamp() { return std::time(nullptr); }
     // Seconds since the epoch as "yyyy-MM-dd hh:mm:ss", local time.
     static QString XLabelToTimeStamp(double seconds);
     static QString TimeStampToTime(int seconds);

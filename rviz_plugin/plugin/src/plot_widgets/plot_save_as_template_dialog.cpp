@@ -1,6 +1,7 @@
 #include "plot_save_as_template_dialog.h"
 
 #include "plot_warn_edit.h"
+#include "plot_widget_helpers.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -19,13 +20,8 @@ PlotSaveAsTemplateDialog::PlotSaveAsTemplateDialog(QWidget* parent) : QDialog(pa
     layout->addWidget(new QLabel("Template Name", this));
     edit = new PlotWarnEdit(QString(), this);
     layout->addWidget(edit);
-    auto* buttons = new QHBoxLayout();
-    auto* cancelBtn = new QPushButton("Cancel", this);
-    saveBtn = new QPushButton("Save", this);
-    buttons->addStretch();
-    buttons->addWidget(cancelBtn);
-    buttons->addWidget(saveBtn);
-    layout->addLayout(buttons);
+    QPushButton* cancelBtn = nullptr;
+    AddCancelSaveButtons(*this, *layout, cancelBtn, saveBtn);
     connect(cancelBtn, &QPushButton::clicked, this, &QDialog::reject);
     connect(saveBtn, &QPushButton::clicked, this, &PlotSaveAsTemplateDialog::SlotSaveClicked);
     connect(edit, &PlotWarnEdit::SignalWarningStatusChanged, this,

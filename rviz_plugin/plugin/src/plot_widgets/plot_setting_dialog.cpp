@@ -33,13 +33,8 @@ PlotSettingDialog::PlotSettingDialog(const PlotSetting& setting, QWidget* parent
     form->addRow("Y max", yMaxBox);
     form->addRow("X range (time series only)", xRangeBox);
     layout->addLayout(form);
-    auto* buttons = new QHBoxLayout();
-    auto* cancelBtn = new QPushButton("Cancel", this);
-    saveBtn = new QPushButton("Save", this);
-    buttons->addStretch();
-    buttons->addWidget(cancelBtn);
-    buttons->addWidget(saveBtn);
-    layout->addLayout(buttons);
+    QPushButton* cancelBtn = nullptr;
+    AddCancelSaveButtons(*this, *layout, cancelBtn, saveBtn);
     connect(cancelBtn, &QPushButton::clicked, this, &QDialog::close);
     connect(saveBtn, &QPushButton::clicked, this, &PlotSettingDialog::SlotSaveBtnClicked);
     for (PlotSpinBox* box : {yMinBox, yMaxBox}) {

@@ -27,13 +27,8 @@ PlotTemplateSettingsDialog::PlotTemplateSettingsDialog(QWidget* parent) : QDialo
     listLayout->addStretch();
     scroll->setWidget(content);
     layout->addWidget(scroll, 1);
-    auto* buttons = new QHBoxLayout();
-    auto* cancelBtn = new QPushButton("Cancel", this);
-    saveBtn = new QPushButton("Save", this);
-    buttons->addStretch();
-    buttons->addWidget(cancelBtn);
-    buttons->addWidget(saveBtn);
-    layout->addLayout(buttons);
+    QPushButton* cancelBtn = nullptr;
+    AddCancelSaveButtons(*this, *layout, cancelBtn, saveBtn);
     connect(cancelBtn, &QPushButton::clicked, this, &QDialog::close);
     connect(saveBtn, &QPushButton::clicked, this, &PlotTemplateSettingsDialog::SlotSaveClicked);
 }

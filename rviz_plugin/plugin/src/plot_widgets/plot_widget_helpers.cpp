@@ -2,7 +2,10 @@
 
 #include "plot_message_box.h"
 
+#include <QDialog>
+#include <QHBoxLayout>
 #include <QList>
+#include <QPushButton>
 #include <QSplitter>
 
 namespace rviz_plugin {
@@ -11,6 +14,17 @@ bool ShowMsgBox(QWidget& parent)
 {
     PlotMessageBox box("Do you want to continue canceling the operation?", &parent);
     return box.exec() == QMessageBox::Yes;
+}
+
+void AddCancelSaveButtons(QDialog& dialog, QBoxLayout& layout, QPushButton*& cancel, QPushButton*& save)
+{
+    auto* buttons = new QHBoxLayout();
+    cancel = new QPushButton("Cancel", &dialog);
+    save = new QPushButton("Save", &dialog);
+    buttons->addStretch();
+    buttons->addWidget(cancel);
+    buttons->addWidget(save);
+    layout.addLayout(buttons);
 }
 
 void SetSplitterEqually(QSplitter* splitter)

@@ -50,12 +50,7 @@ rviz::VisualizationFrame* frame = nullptr;
 
 bool Serve(const std::function<bool()>& predicate, std::chrono::milliseconds timeout = 20s)
 {
-    return test_support::ServeEvents(
-        [&]() {
-            ros::spinOnce();
-            return predicate();
-        },
-        timeout);
+    return test_support::ServeRosEvents(predicate, timeout);
 }
 
 // Publishes the vehicle status and a marker array over and over while events are served.

@@ -56,12 +56,7 @@ rviz::VisualizationFrame* frame = nullptr;
 
 bool Serve(const std::function<bool()>& predicate, std::chrono::milliseconds timeout = 20s)
 {
-    return test_support::ServeEvents(
-        [&]() {
-            ros::spinOnce();
-            return predicate();
-        },
-        timeout);
+    return test_support::ServeRosEvents(predicate, timeout);
 }
 
 void Pause(std::chrono::milliseconds time)

@@ -4,6 +4,7 @@
 #include "processes.h"
 
 #include <QCoreApplication>
+#include <ros/init.h>
 
 #include <chrono>
 #include <functional>
@@ -17,6 +18,18 @@ inline bool ServeEvents(const std::function<bool()>& predicate,
     return WaitFor(
         [&]() {
             QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+            return predicate();
+        },
+        timeout);
+}
+
+// As ServeEvents, turning ROS's global callback queue too (where rviz's callbacks run).
+inline bool ServeRosEvents(const std::function<bool()>& predicate,
+                           std::chrono::milliseconds timeout = std::chrono::seconds(20))
+{
+    return ServeEvents(
+        [&]() {
+            ros::spinOnce();
             return predicate();
         },
         timeout);
