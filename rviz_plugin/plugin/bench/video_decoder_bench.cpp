@@ -61,6 +61,7 @@ public:
         ++count;
     }
     int GetIppNodeNo() const override { return number; }
+    void RegisterFrameArrayNode(const QString& /*topic*/, bool /*asOwnNode*/) override {}
 
     std::atomic<int> count{0};
     std::vector<double> latencies;

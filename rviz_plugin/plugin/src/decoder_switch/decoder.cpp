@@ -1,6 +1,6 @@
 #include "decoder.h"
 
-#include "custom_av_frame_data.h"
+#include "frames/custom_av_frame_data.h"
 
 #include "foundation/logger.h"
 #include "frames/extern_ffmpeg.h"
@@ -9,8 +9,6 @@
 #include <cerrno>
 
 namespace rviz_plugin {
-
-const char* const userGuideHint = ". See the KORA Application Visualizer User Guide for details.";
 
 namespace {
 std::map<int, std::string> MakeErrorNames()

@@ -1,6 +1,8 @@
 #ifndef RVIZ_PLUGIN_DECODER_H
 #define RVIZ_PLUGIN_DECODER_H
 
+#include "frames/extern_ffmpeg.h"
+
 #include <custom/Video.h>
 
 #include <map>
@@ -76,9 +78,6 @@ protected:
     std::string unknownErrorName = "UNKNOWN";
     std::map<int, std::string> errorNames;
 };
-
-// Text behind "FFmpeg error type: " for the result code, as the decoders log it.
-extern const char* const userGuideHint;
 
 } // namespace rviz_plugin
 

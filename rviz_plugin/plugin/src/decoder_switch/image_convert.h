@@ -33,6 +33,8 @@ public:
     void Stop();
     void SaveImageToCache(const std::shared_ptr<YuvTextureData>& frame) override;
     int GetIppNodeNo() const override { return -1; }
+    // The evaluation's pictures are not recorded.
+    void RegisterFrameArrayNode(const QString& /*topic*/, bool /*asOwnNode*/) override {}
     // Converts the pending picture; false when none was pending or it could not be converted.
     bool UpdateImage();
     std::size_t GetQueueSize();

@@ -1,7 +1,7 @@
 #ifndef RVIZ_PLUGIN_VIDEO_DECODER_H
 #define RVIZ_PLUGIN_VIDEO_DECODER_H
 
-#include "custom_av_frame_data.h"
+#include "frames/custom_av_frame_data.h"
 #include "decode_threading.h"
 #include "decoder.h"
 #include "video_frame_rules.h"

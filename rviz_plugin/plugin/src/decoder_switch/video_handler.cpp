@@ -142,8 +142,12 @@ void VideoHandler::OnSubscribe(const QString& chosenTopic, int size)
                 DecreaseDecoderRefNumber(topic);
             }
         }
-        if (!decoders.contains(realTopic)) {
+        const bool alreadyExisted = decoders.contains(realTopic);
+        if (!alreadyExisted) {
             InstantiationNewDecoder(realTopic);
+        }
+        if (topicChanges) {
+            ippNode.RegisterFrameArrayNode(realTopic, alreadyExisted);
         }
         VideoDecoder* decoder = FindDecoder(realTopic);
         decoder->AddQueueSizeRecord(size);

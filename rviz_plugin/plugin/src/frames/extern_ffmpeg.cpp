@@ -1,6 +1,13 @@
 #include "extern_ffmpeg.h"
 
 extern "C" {
+#include <libavfilter/buffersink.h>
+#include <libavfilter/buffersrc.h>
+#include <libavutil/mem.h>
+#include <libavutil/opt.h>
+}
+
+extern "C" {
 
 void ExternAvParserClose(AVCodecParserContext* s) { av_parser_close(s); }
 AVCodecParserContext* ExternAvParserInit(int codecId) { return av_parser_init(codecId); }
@@ -64,6 +71,79 @@ int ExternAvHwframeTransferData(AVFrame* dst, const AVFrame* src, int flags)
 }
 AVBufferRef* ExternAvHwframeCtxAlloc(AVBufferRef* deviceCtx) { return av_hwframe_ctx_alloc(deviceCtx); }
 int ExternAvHwframeCtxInit(AVBufferRef* ref) { return av_hwframe_ctx_init(ref); }
+
+int ExternAvHwframeGetBuffer(AVBufferRef* hwframeCtx, AVFrame* frame, int flags)
+{
+    return av_hwframe_get_buffer(hwframeCtx, frame, flags);
+}
+
+const AVCodec* ExternAvcodecFindEncoder(enum AVCodecID id) { return avcodec_find_encoder(id); }
+const AVCodec* ExternAvcodecFindEncoderByName(const char* name) { return avcodec_find_encoder_by_name(name); }
+int ExternAvcodecSendFrame(AVCodecContext* avctx, const AVFrame* frame) { return avcodec_send_frame(avctx, frame); }
+int ExternAvcodecReceivePacket(AVCodecContext* avctx, AVPacket* avpkt) { return avcodec_receive_packet(avctx, avpkt); }
+void ExternAvPacketRescaleTs(AVPacket* pkt, AVRational tbSrc, AVRational tbDst) { av_packet_rescale_ts(pkt, tbSrc, tbDst); }
+int ExternAvcodecParametersFromContext(AVCodecParameters* par, const AVCodecContext* codec)
+{
+    return avcodec_parameters_from_context(par, codec);
+}
+
+int ExternAvformatAllocOutputContext2(AVFormatContext** ctx, const AVOutputFormat* oformat, const char* formatName,
+                                      const char* filename)
+{
+    return avformat_alloc_output_context2(ctx, oformat, formatName, filename);
+}
+AVStream* ExternAvformatNewStream(AVFormatContext* s, const AVCodec* c) { return avformat_new_stream(s, c); }
+void ExternAvformatFreeContext(AVFormatContext* s) { avformat_free_context(s); }
+int ExternAvioOpen(AVIOContext** s, const char* url, int flags) { return avio_open(s, url, flags); }
+int ExternAvioClosep(AVIOContext** s) { return avio_closep(s); }
+int ExternAvformatWriteHeader(AVFormatContext* s, AVDictionary** options) { return avformat_write_header(s, options); }
+int ExternAvInterleavedWriteFrame(AVFormatContext* s, AVPacket* pkt) { return av_interleaved_write_frame(s, pkt); }
+int ExternAvWriteTrailer(AVFormatContext* s) { return av_write_trailer(s); }
+
+const AVFilter* ExternAvfilterGetByName(const char* name) { return avfilter_get_by_name(name); }
+AVFilterInOut* ExternAvfilterInoutAlloc(void) { return avfilter_inout_alloc(); }
+void ExternAvfilterInoutFree(AVFilterInOut** inout) { avfilter_inout_free(inout); }
+AVFilterGraph* ExternAvfilterGraphAlloc(void) { return avfilter_graph_alloc(); }
+void ExternAvfilterGraphFree(AVFilterGraph** graph) { avfilter_graph_free(graph); }
+int ExternAvfilterGraphCreateFilter(AVFilterContext** filtCtx, const AVFilter* filt, const char* name,
+                                    const char* args, void* opaque, AVFilterGraph* graphCtx)
+{
+    return avfilter_graph_create_filter(filtCtx, filt, name, args, opaque, graphCtx);
+}
+int ExternAvfilterGraphParsePtr(AVFilterGraph* graph, const char* filters, AVFilterInOut** inputs,
+                                AVFilterInOut** outputs, void* logCtx)
+{
+    return avfilter_graph_parse_ptr(graph, filters, inputs, outputs, logCtx);
+}
+int ExternAvfilterGraphConfig(AVFilterGraph* graphctx, void* logCtx) { return avfilter_graph_config(graphctx, logCtx); }
+int ExternAvBuffersrcAddFrameFlags(AVFilterContext* bufferSrc, AVFrame* frame, int flags)
+{
+    return av_buffersrc_add_frame_flags(bufferSrc, frame, flags);
+}
+int ExternAvBuffersinkGetFrame(AVFilterContext* ctx, AVFrame* frame) { return av_buffersink_get_frame(ctx, frame); }
+int ExternAvOptSetIntList(void* obj, const char* name, const int* list, int term, int searchFlags)
+{
+    int count = 0;
+    while (list[count] != term) {
+        ++count;
+    }
+    return av_opt_set_bin(obj, name, reinterpret_cast<const uint8_t*>(list), count * static_cast<int>(sizeof(*list)),
+                          searchFlags);
+}
+char* ExternAvStrdup(const char* s) { return av_strdup(s); }
+int ExternAvOptSet(void* obj, const char* name, const char* val, int searchFlags)
+{
+    return av_opt_set(obj, name, val, searchFlags);
+}
+
+struct SwsContext* ExternSwsGetCachedContext(struct SwsContext* context, int srcW, int srcH,
+                                             enum AVPixelFormat srcFormat, int dstW, int dstH,
+                                             enum AVPixelFormat dstFormat, int flags, SwsFilter* srcFilter,
+                                             SwsFilter* dstFilter, const double* param)
+{
+    return sws_getCachedContext(context, srcW, srcH, srcFormat, dstW, dstH, dstFormat, flags, srcFilter, dstFilter,
+                                param);
+}
 
 void ExternAvLogSetLevel(int level) { av_log_set_level(level); }
 int ExternAvDictSet(AVDictionary** pm, const char* key, const char* value, int flags)

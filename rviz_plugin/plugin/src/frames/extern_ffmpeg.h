@@ -2,10 +2,12 @@
 #define RVIZ_PLUGIN_EXTERN_FFMPEG_H
 
 // The one door to FFmpeg: plain forwarding functions with C linkage, one per FFmpeg call.
-// Decoding, scaling and hardware classes call only these names.
+// Decoding, encoding, muxing, filtering, scaling and hardware classes call only these names.
 
 extern "C" {
 #include <libavcodec/avcodec.h>
+#include <libavfilter/avfilter.h>
+#include <libavformat/avformat.h>
 #include <libavutil/dict.h>
 #include <libavutil/hwcontext.h>
 #include <libavutil/log.h>
@@ -53,9 +55,55 @@ int ExternAvHwframeTransferData(AVFrame* dst, const AVFrame* src, int flags);
 AVBufferRef* ExternAvHwframeCtxAlloc(AVBufferRef* deviceCtx);
 int ExternAvHwframeCtxInit(AVBufferRef* ref);
 
+int ExternAvHwframeGetBuffer(AVBufferRef* hwframeCtx, AVFrame* frame, int flags);
+
+const AVCodec* ExternAvcodecFindEncoder(enum AVCodecID id);
+const AVCodec* ExternAvcodecFindEncoderByName(const char* name);
+int ExternAvcodecSendFrame(AVCodecContext* avctx, const AVFrame* frame);
+int ExternAvcodecReceivePacket(AVCodecContext* avctx, AVPacket* avpkt);
+void ExternAvPacketRescaleTs(AVPacket* pkt, AVRational tbSrc, AVRational tbDst);
+int ExternAvcodecParametersFromContext(AVCodecParameters* par, const AVCodecContext* codec);
+
+int ExternAvformatAllocOutputContext2(AVFormatContext** ctx, const AVOutputFormat* oformat, const char* formatName,
+                                      const char* filename);
+AVStream* ExternAvformatNewStream(AVFormatContext* s, const AVCodec* c);
+void ExternAvformatFreeContext(AVFormatContext* s);
+int ExternAvioOpen(AVIOContext** s, const char* url, int flags);
+int ExternAvioClosep(AVIOContext** s);
+int ExternAvformatWriteHeader(AVFormatContext* s, AVDictionary** options);
+int ExternAvInterleavedWriteFrame(AVFormatContext* s, AVPacket* pkt);
+int ExternAvWriteTrailer(AVFormatContext* s);
+
+const AVFilter* ExternAvfilterGetByName(const char* name);
+AVFilterInOut* ExternAvfilterInoutAlloc(void);
+void ExternAvfilterInoutFree(AVFilterInOut** inout);
+AVFilterGraph* ExternAvfilterGraphAlloc(void);
+void ExternAvfilterGraphFree(AVFilterGraph** graph);
+int ExternAvfilterGraphCreateFilter(AVFilterContext** filtCtx, const AVFilter* filt, const char* name,
+                                    const char* args, void* opaque, AVFilterGraph* graphCtx);
+int ExternAvfilterGraphParsePtr(AVFilterGraph* graph, const char* filters, AVFilterInOut** inputs,
+                                AVFilterInOut** outputs, void* logCtx);
+int ExternAvfilterGraphConfig(AVFilterGraph* graphctx, void* logCtx);
+int ExternAvBuffersrcAddFrameFlags(AVFilterContext* bufferSrc, AVFrame* frame, int flags);
+int ExternAvBuffersinkGetFrame(AVFilterContext* ctx, AVFrame* frame);
+// The list ends at the first entry equal to term, which is not set.
+int ExternAvOptSetIntList(void* obj, const char* name, const int* list, int term, int searchFlags);
+char* ExternAvStrdup(const char* s);
+int ExternAvOptSet(void* obj, const char* name, const char* val, int searchFlags);
+
+struct SwsContext* ExternSwsGetCachedContext(struct SwsContext* context, int srcW, int srcH,
+                                             enum AVPixelFormat srcFormat, int dstW, int dstH,
+                                             enum AVPixelFormat dstFormat, int flags, SwsFilter* srcFilter,
+                                             SwsFilter* dstFilter, const double* param);
+
 void ExternAvLogSetLevel(int level);
 int ExternAvDictSet(AVDictionary** pm, const char* key, const char* value, int flags);
 void ExternAvDictFree(AVDictionary** pm);
 }
+
+namespace rviz_plugin {
+// The ending of every log line that reports an FFmpeg error, behind its type.
+constexpr const char* userGuideHint = ". See the KORA Application Visualizer User Guide for details.";
+} // namespace rviz_plugin
 
 #endif

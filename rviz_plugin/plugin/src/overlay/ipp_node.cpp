@@ -71,6 +71,7 @@ void IppNode::Initialize()
                   {SemanticSegmentation, semanticSegmentationQueue},
                   {MarkerArray, markerArrayQueue}};
     }
+    customFrameArrayData.Initialize();
     RefreshConfig();
     try {
         thread = std::thread(&IppNode::ProcessImage, this);
@@ -363,6 +364,11 @@ void IppNode::ProcessImage()
     }
 }
 
+void IppNode::RegisterFrameArrayNode(const QString& topic, bool asOwnNode)
+{
+    customFrameArrayData.RegisterPublishNode(topic.toStdString(), asOwnNode ? ippNodeNo : -1);
+}
+
 void IppNode::ProcessFrame(const std::shared_ptr<YuvTextureData>& image)
 {
     const auto frameStartTime = std::chrono::steady_clock::now();
@@ -375,6 +381,7 @@ void IppNode::ProcessFrame(const std::shared_ptr<YuvTextureData>& image)
     if (displayEnabled && imageRender != nullptr) {
         imageRender->UpdateImageTexture(image, rgba);
     }
+    customFrameArrayData.PublishMsgByFrameArray(image, rgba);
     Q_EMIT DetectedDataSend();
     const std::chrono::duration<float, std::milli> elapsed = std::chrono::steady_clock::now() - frameStartTime;
     Q_EMIT DetectedSingleFrameProcessingTime(elapsed.count());

@@ -12,6 +12,7 @@
 #include "marker_array_utils.h"
 #include "message_queue.h"
 
+#include "frames/custom_frame_array_data.h"
 #include "frames/image_cache_node.h"
 
 #include <QObject>
@@ -48,6 +49,7 @@ public:
     void Initialize();
     void SaveImageToCache(const std::shared_ptr<YuvTextureData>& frame) override;
     int GetIppNodeNo() const override { return ippNodeNo; }
+    void RegisterFrameArrayNode(const QString& topic, bool asOwnNode) override;
     void RefreshConfig();
     std::map<MessageId, std::size_t> GetQueueSizes();
 
@@ -130,6 +132,7 @@ private:
     std::thread thread;
     IppConfig config;
     CanvasPool canvasPool;
+    CustomFrameArrayData customFrameArrayData;
     ImageUtils::ImageObjectUtils imageObjectUtils;
     ImageUtils::ImageRectangleUtils imageRectangleUtils;
     ImageUtils::ImageLineUtils imageLineUtils;

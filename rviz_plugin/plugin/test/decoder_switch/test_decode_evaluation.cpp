@@ -3,7 +3,7 @@
 #include "../support/temp_dir.h"
 #include "decoder_switch/evaluate_history.h"
 #include "decoder_switch/evaluate_process_data.h"
-#include "decoder_switch/frame_converter.h"
+#include "frames/frame_converter.h"
 #include "decoder_switch/image_convert.h"
 #include "decoder_switch/video_stream_loader.h"
 #include "foundation/path_utils.h"
@@ -142,20 +142,28 @@ AVFrame* GreyFrame(int width, int height, uint8_t luma)
     return frame;
 }
 
-TEST(FrameConverter, PicturesBecomeRgbaImagesAndBadInputIsRefused)
+TEST(FrameConverter, PicturesBecomeRgbaImagesAndBadInputIsRefusedAndSizesMayChange)
 {
+    rviz_plugin::FrameConverter converter;
     AVFrame* frame = GreyFrame(64, 48, 235);
     QImage image;
     ASSERT_TRUE(rviz_plugin::FrameConverter::ConvertDataToQtImage(frame, image));
     EXPECT_EQ(image.size(), QSize(64, 48));
     EXPECT_GT(qGray(image.pixel(10, 10)), 240);
     EXPECT_FALSE(rviz_plugin::FrameConverter::ConvertDataToQtImage(nullptr, image));
-    EXPECT_FALSE(rviz_plugin::FrameConverter::ConvertVideoFrame(frame, nullptr));
+    EXPECT_FALSE(converter.ConvertVideoFrame(frame, nullptr));
     AVFrame* half = rviz_plugin::FrameConverter::AllocAvFrame(32, 24);
     ASSERT_NE(half, nullptr);
-    EXPECT_TRUE(rviz_plugin::FrameConverter::ConvertVideoFrame(frame, half));
+    EXPECT_TRUE(converter.ConvertVideoFrame(frame, half));
     EXPECT_GT(half->data[0][0], 240);  // blue of a white BGRA pixel
+    // The kept scaler is made again for another size: the whole smaller picture is written.
+    AVFrame* quarter = rviz_plugin::FrameConverter::AllocAvFrame(16, 12);
+    ASSERT_NE(quarter, nullptr);
+    std::fill(quarter->data[0], quarter->data[0] + quarter->linesize[0] * 12, 0);
+    EXPECT_TRUE(converter.ConvertVideoFrame(frame, quarter));
+    EXPECT_GT(quarter->data[0][quarter->linesize[0] * 11 + 15 * 4], 240);
     EXPECT_EQ(rviz_plugin::FrameConverter::AllocAvFrame(0, 24), nullptr);
+    av_frame_free(&quarter);
     av_frame_free(&half);
     av_frame_free(&frame);
 }

@@ -3,7 +3,7 @@
 // through a ROS master on loopback.
 #include "../support/processes.h"
 #include "../support/ros_test_main.h"
-#include "decoder_switch/custom_av_frame_data.h"
+#include "frames/custom_av_frame_data.h"
 #include "decoder_switch/nv_decoder.h"
 #include "decoder_switch/qsv_decoder.h"
 #include "decoder_switch/software_decoder.h"
@@ -77,6 +77,7 @@ public:
         frames.push_back(frame);
     }
     int GetIppNodeNo() const override { return 7; }
+    void RegisterFrameArrayNode(const QString& /*topic*/, bool /*asOwnNode*/) override {}
     std::size_t Count()
     {
         std::lock_guard<std::mutex> lock(mutex);

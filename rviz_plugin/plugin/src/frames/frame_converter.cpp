@@ -1,11 +1,8 @@
 #include "frame_converter.h"
 
-#include "foundation/logger.h"
+#include "extern_ffmpeg.h"
 
-extern "C" {
-#include <libavutil/frame.h>
-#include <libswscale/swscale.h>
-}
+#include "foundation/logger.h"
 
 #include <algorithm>
 
@@ -25,37 +22,43 @@ int SourceFormat(int format)
     return format == AV_PIX_FMT_YUVJ420P ? AV_PIX_FMT_YUV420P : format;
 }
 
-bool Scale(const uint8_t* const planes[], const int strides[], int width, int height, int format,
-           AVFrame* destination)
+} // namespace
+
+FrameConverter::~FrameConverter()
+{
+    ExternSwsFreeContext(context);
+}
+
+bool FrameConverter::Scale(const uint8_t* const planes[], const int strides[], int width, int height, int format,
+                           AVFrame* destination)
 {
     if (destination == nullptr) {
         LogError("Output frame is null.");
         return false;
     }
-    SwsContext* context = sws_getContext(width, height, static_cast<AVPixelFormat>(SourceFormat(format)),
-                                         destination->width, destination->height,
-                                         static_cast<AVPixelFormat>(destination->format), SWS_POINT, nullptr, nullptr,
-                                         nullptr);
+    // Returns the scaler it was given while the parameters match; on failure the old one is already freed.
+    context = ExternSwsGetCachedContext(context, width, height, static_cast<AVPixelFormat>(SourceFormat(format)),
+                                        destination->width, destination->height,
+                                        static_cast<AVPixelFormat>(destination->format), SWS_POINT, nullptr, nullptr,
+                                        nullptr);
     if (context == nullptr) {
         return false;
     }
-    sws_scale(context, planes, strides, 0, height, destination->data, destination->linesize);
-    sws_freeContext(context);
+    ExternSwsScale(context, planes, strides, 0, height, destination->data, destination->linesize);
     return true;
 }
-} // namespace
 
 AVFrame* FrameConverter::AllocAvFrame(int width, int height)
 {
-    AVFrame* frame = av_frame_alloc();
+    AVFrame* frame = ExternAvFrameAlloc();
     if (frame == nullptr) {
         return nullptr;
     }
     frame->width = width;
     frame->height = height;
     frame->format = AV_PIX_FMT_BGRA;
-    if (width <= 0 || height <= 0 || av_frame_get_buffer(frame, 0) < 0) {
-        av_frame_free(&frame);
+    if (width <= 0 || height <= 0 || ExternAvFrameGetBuffer(frame, 0) < 0) {
+        ExternAvFrameFree(&frame);
         return nullptr;
     }
     return frame;
@@ -93,14 +96,15 @@ bool FrameConverter::ConvertDataToQtImage(const AVFrame* source, QImage& image)
         LogError("Failed to allocate avFrame. Memory may be insufficient. Release memory and restart Orsa.");
         return false;
     }
-    const bool converted = ConvertVideoFrame(source, bgra);
+    FrameConverter converter;
+    const bool converted = converter.ConvertVideoFrame(source, bgra);
     if (converted) {
         const QImage wrapped(bgra->data[0], bgra->width, bgra->height, bgra->linesize[0], QImage::Format_RGBA8888);
         image = wrapped.rgbSwapped();
     } else {
         LogError("Failed to convert video frame.");
     }
-    av_frame_free(&bgra);
+    ExternAvFrameFree(&bgra);
     return converted;
 }
 
