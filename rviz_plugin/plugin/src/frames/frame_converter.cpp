@@ -85,13 +85,10 @@ bool FrameConverter::ConvertVideoFrame(const custom::AvFrame& source, AVFrame* d
                  destination);
 }
 
-bool FrameConverter::ConvertDataToQtImage(const AVFrame* source, QImage& image)
+template <typename Source>
+bool FrameConverter::ToQtImage(const Source& source, int width, int height, QImage& image)
 {
-    if (source == nullptr) {
-        LogError("Failed to convert video frame: Input frame is null.");
-        return false;
-    }
-    AVFrame* bgra = AllocAvFrame(source->width, source->height);
+    AVFrame* bgra = AllocAvFrame(width, height);
     if (bgra == nullptr) {
         LogError("Failed to allocate avFrame. Memory may be insufficient. Release memory and restart Orsa.");
         return false;
@@ -106,6 +103,20 @@ bool FrameConverter::ConvertDataToQtImage(const AVFrame* source, QImage& image)
     }
     ExternAvFrameFree(&bgra);
     return converted;
+}
+
+bool FrameConverter::ConvertDataToQtImage(const AVFrame* source, QImage& image)
+{
+    if (source == nullptr) {
+        LogError("Failed to convert video frame: Input frame is null.");
+        return false;
+    }
+    return ToQtImage(source, source->width, source->height, image);
+}
+
+bool FrameConverter::ConvertDataToQtImage(const custom::AvFrame& source, QImage& image)
+{
+    return ToQtImage(source, source.width, source.height, image);
 }
 
 } // namespace rviz_plugin

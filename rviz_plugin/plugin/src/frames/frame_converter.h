@@ -29,8 +29,11 @@ public:
     bool ConvertVideoFrame(const custom::AvFrame& source, AVFrame* destination);
     // The picture as an RGBA image; false, with image untouched, on failure.
     static bool ConvertDataToQtImage(const AVFrame* source, QImage& image);
+    static bool ConvertDataToQtImage(const custom::AvFrame& source, QImage& image);
 
 private:
+    template <typename Source>
+    static bool ToQtImage(const Source& source, int width, int height, QImage& image);
     bool Scale(const uint8_t* const planes[], const int strides[], int width, int height, int format,
                AVFrame* destination);
 

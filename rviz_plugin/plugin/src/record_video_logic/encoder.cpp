@@ -228,6 +228,10 @@ int Encoder::WriteFrame(AVFrame* frame)
             LogError("Failed to encode a frame. FFmpeg error type: " + ErrorText(received));
             return -1;
         }
+        // Each picture lasts one time base; without it the muxer cuts the last picture off the file's length.
+        if (packet->duration == 0) {
+            packet->duration = 1;
+        }
         ExternAvPacketRescaleTs(packet, codecContext->time_base, stream->time_base);
         packet->stream_index = stream->index;
         const int written = ExternAvInterleavedWriteFrame(formatContext, packet);

@@ -37,7 +37,10 @@ public:
     Encoder(const Encoder&) = delete;
     Encoder& operator=(const Encoder&) = delete;
 
+    // The file's extension chooses the container.
     bool Initialize(const std::string& fileName, int width, int height);
+    // Names the file before InitWriteHeader makes it; the container stays the one Initialize chose.
+    void SetFileName(const std::string& name) { fileName = name; }
     bool InitWriteHeader();
     bool Encode(const custom::AvFrame& source);
     bool Encode(const AVFrame* source);
