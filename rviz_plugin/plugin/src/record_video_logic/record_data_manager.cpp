@@ -193,6 +193,15 @@ std::map<std::string, std::string> RecordDataManager::GetRecordedFiles() const
     return files;
 }
 
+std::map<std::string, EncoderType> RecordDataManager::GetEncoderTypes() const
+{
+    std::map<std::string, EncoderType> types;
+    for (const auto& [topic, recorder] : recorders) {
+        types[topic] = recorder->GetEncoderType();
+    }
+    return types;
+}
+
 bool RecordDataManager::IsRecording() const
 {
     for (const auto& [topic, recorder] : recorders) {

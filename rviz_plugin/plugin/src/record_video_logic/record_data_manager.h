@@ -58,6 +58,8 @@ public:
     std::map<std::string, double> GetRecordingDuration();
     // The files being written, by topic.
     std::map<std::string, std::string> GetRecordedFiles() const;
+    // The encoder each recorder ended up with, by topic.
+    std::map<std::string, EncoderType> GetEncoderTypes() const;
     bool IsRecording() const;
     static void SwitchEncoder(EncoderType& type);
 

@@ -8,6 +8,7 @@
 #include "frames/custom_frame_array_data.h"
 #include "frames/rgba_texture_data.h"
 #include "frames/yuv_texture_data.h"
+#include "record_video_logic/record_data_evaluator.h"
 #include "record_video_logic/record_data_manager.h"
 #include "record_video_logic/vision_data_handler.h"
 
@@ -250,6 +251,37 @@ TEST(RecordDataManager, AFolderThatCannotBeWrittenStopsOnlyItsRecorders)
     camera.Stop();
     ASSERT_EQ(files.size(), 1u);
     EXPECT_TRUE(std::filesystem::exists(files.begin()->second));
+}
+
+TEST(RecordDataEvaluator, OneTopicIsOneRoundOfTestRecordingThatLeavesNoFile)
+{
+    test_support::TempDir folder;
+    Camera camera("/evaluated_frameArray");
+    camera.Run(true);
+    rviz_plugin::RecordDataEvaluator evaluator;
+    QSignalSpy finished(&evaluator, &rviz_plugin::RecordDataEvaluator::EvaluateFinished);
+    QSignalSpy progress(&evaluator, &rviz_plugin::RecordDataEvaluator::EvaluateProgress);
+    const auto begin = std::chrono::steady_clock::now();
+    const std::string log = test_support::Console([&] {
+        evaluator.Start(false, folder.Path().string(), {"/evaluated_frameArray"}, {width, height});
+        ASSERT_TRUE(test_support::ServeEvents([&] { return finished.count() == 1; }, std::chrono::seconds(15)));
+    });
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+    camera.Stop();
+    EXPECT_NE(log.find("The CPU usage before video recording evaluation is "), std::string::npos);
+    // 60 samples 50 ms apart: one round of about three seconds.
+    EXPECT_GT(seconds, 2.9);
+    EXPECT_LT(seconds, 8.0);
+    const bool passed = finished.first().at(0).toBool();
+    EXPECT_EQ(evaluator.GetRetEvaNums(), passed ? 1 : 0);
+    EXPECT_EQ(evaluator.GetAvgEvaluationTimes().count("/evaluated_frameArray"), 1u);
+    if (passed) {
+        EXPECT_EQ(evaluator.GetTopicEncoderMap().at("/evaluated_frameArray"), EncoderType::Software);
+    }
+    ASSERT_GE(progress.count(), 2);
+    EXPECT_EQ(progress.first().at(0).toInt(), 0);
+    EXPECT_EQ(progress.last().at(0).toInt(), 100);
+    EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 
 TEST(CustomFrameArrayData, PictureAndOverlayGoOutTogetherOnlyToListenersInThisProcess)
