@@ -1,6 +1,6 @@
 #include "data_recorder_base.h"
 
-#include "encoder.h"
+#include "foundation/logger.h"
 
 #include <QMetaObject>
 #include <QThread>
@@ -115,12 +115,28 @@ void DataRecorderBase::ShutDown()
     encodingThread->wait();
     recordStatus = closed;
     if (encoder != nullptr) {
+        const bool written = isStartSuccess && encoder->GetIsInitialized();
         encoder->Finished();
+        if (written) {
+            Orsa::Logger::GetInstance().WriteLog("RecordVideoDataTool", Orsa::LogLevel::Info,
+                                                 "Recorded " + std::to_string(encoder->GetFrameCount()) +
+                                                     " frames of " + topic + " into " + GetFileName() + ".");
+        }
+    }
+}
+
+void DataRecorderBase::WarnIfStacked(int queued) const
+{
+    if (queued > maxQueuedTicks) {
+        Orsa::Logger::GetInstance().WriteLog("RecordVideoDataTool", Orsa::LogLevel::Warn,
+                                             "The encoding queue of topic " + topic + " is stacked.");
     }
 }
 
 void DataRecorderBase::StopAfterFailure()
 {
+    Orsa::Logger::GetInstance().WriteLog("RecordVideoDataTool", Orsa::LogLevel::Error,
+                                         "The frame of " + topic + " encode failed.");
     isActive = false;
     QMetaObject::invokeMethod(this, [this] { ShutDown(); }, Qt::QueuedConnection);
 }

@@ -1,6 +1,7 @@
 #ifndef RVIZ_PLUGIN_DATA_RECORDER_BASE_H
 #define RVIZ_PLUGIN_DATA_RECORDER_BASE_H
 
+#include "encoder.h"
 #include "encoder_type.h"
 #include "tick_schedule.h"
 
@@ -8,6 +9,7 @@
 #include <QObject>
 
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -17,8 +19,6 @@ class QThread;
 class QTimer;
 
 namespace rviz_plugin {
-
-class Encoder;
 
 // Where and how a recorder writes its file.
 struct RecordSettings {
@@ -85,10 +85,21 @@ protected:
 
     // The file Start opens, as GetFileName tells it to other threads.
     void SetFileName(const std::string& name);
-    // Adds one encoding time, in milliseconds.
-    void AddEncodingTime(double milliseconds);
-    // Called on the encoding thread when a picture could not be encoded: the recorder ends, the others go on.
-    void StopAfterFailure();
+    // On the encoding thread: the backlog warning when more than maxQueuedTicks beats wait.
+    void WarnIfStacked(int queued) const;
+    // On the encoding thread: encodes the picture and counts its time; a picture that cannot be encoded ends
+    // this recorder (the others go on).
+    template <typename Picture>
+    bool EncodeTimed(const Picture& picture)
+    {
+        const auto begin = std::chrono::steady_clock::now();
+        if (!encoder->Encode(picture)) {
+            StopAfterFailure();
+            return false;
+        }
+        AddEncodingTime(std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count());
+        return true;
+    }
 
     std::atomic<int> recordStatus{closed};
     std::atomic<bool> isActive{false};
@@ -103,6 +114,8 @@ protected:
 private:
     void InitThread();
     void ArmNextTick();
+    void AddEncodingTime(double milliseconds);
+    void StopAfterFailure();
 
     QThread* encodingThread = nullptr;
     QThread* timerThread = nullptr;

@@ -1,5 +1,6 @@
 #include "inquire_status.h"
 
+#include <QFileInfo>
 #include <QStorageInfo>
 
 #include <cmath>
@@ -19,7 +20,12 @@ QString TwoDigits(int64_t value)
 
 int64_t InquireStatus::GetCapacityInBit(const QString& path)
 {
-    const QStorageInfo storage(path);
+    // A folder still to be made lies on the disk of its nearest existing parent.
+    QString existing = QFileInfo(path).absoluteFilePath();
+    while (!QFileInfo::exists(existing) && existing != "/") {
+        existing = QFileInfo(existing).absolutePath();
+    }
+    const QStorageInfo storage(existing);
     return storage.isValid() ? storage.bytesAvailable() : 0;
 }
 

@@ -14,7 +14,7 @@ public:
     static constexpr int64_t reserveBytes = 0x40000000;
     static constexpr int64_t maxPrintableSeconds = 360000;
 
-    // Free bytes of the file system holding path (0 when it cannot be read).
+    // Free bytes of the file system holding path, or the nearest parent that exists (0 when it cannot be read).
     static int64_t GetCapacityInBit(const QString& path);
     static QString GetRecordableTime(const QString& path, double bytesPerSecond);
     // "hh:mm:ss" of the time freeBytes last at the rate; "00:00:00" within the reserve or without a rate,

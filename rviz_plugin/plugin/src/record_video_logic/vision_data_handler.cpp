@@ -1,14 +1,11 @@
 #include "vision_data_handler.h"
 
-#include "encoder.h"
-
 #include "frames/frame_converter.h"
 #include "kora_vision_logic/camera_alias.h"
 #include "topic_rename/rename_data.h"
 
 #include "foundation/logger.h"
 
-#include <chrono>
 
 namespace rviz_plugin {
 
@@ -115,53 +112,33 @@ void VisionDataHandler::Recording()
     if (!IsRecording() || !isActive) {
         return;
     }
-    if (queuedTicks > maxQueuedTicks) {
-        Log(Orsa::LogLevel::Warn, "The encoding queue of topic " + topic + " is stacked.");
-    }
-    const bool useEmptyFrame = ticksWithoutFrame > noFrameLimit;
-    const auto begin = std::chrono::steady_clock::now();
-    if (EncodeFrame(useEmptyFrame)) {
-        const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - begin;
-        AddEncodingTime(elapsed.count());
-    }
+    WarnIfStacked(queuedTicks);
+    EncodeFrame(ticksWithoutFrame > noFrameLimit);
 }
 
 bool VisionDataHandler::EncodeFrame(bool useEmptyFrame)
 {
     if (useEmptyFrame) {
-        return EncodePicture(emptyFrame, custom::AvFrame());
+        return EncodeTimed(emptyFrame);
     }
     const auto msg = NewestMessage();
     if (!IsMsgReady(msg)) {
         return false;
     }
-    return EncodePicture(msg->AvFrameArray[0], msg->AvFrameArray[1]);
-}
-
-bool VisionDataHandler::EncodePicture(const custom::AvFrame& video, const custom::AvFrame& overlay)
-{
-    bool encoded = false;
-    if (IsNeedOverlayFrame(overlay)) {
-        if (!filter.GetIsInitialized() || filter.GetSize() != std::make_pair(video.width, video.height)) {
-            ResetFilter(video.width, video.height);
-        }
-        const int result = filter.OverlayMsg(video, overlay);
-        if (result == FfmpegFilter::filterError) {
-            Log(Orsa::LogLevel::Error, "Failed to Convert image: Message overlay failed.");
-            return false;
-        }
-        if (result != FfmpegFilter::pictureReady) {
-            return false;
-        }
-        encoded = encoder->Encode(filter.GetOutputFrame());
-    } else {
-        encoded = encoder->Encode(video);
+    const custom::AvFrame& video = msg->AvFrameArray[0];
+    const custom::AvFrame& overlay = msg->AvFrameArray[1];
+    if (!IsNeedOverlayFrame(overlay)) {
+        return EncodeTimed(video);
     }
-    if (!encoded) {
-        Log(Orsa::LogLevel::Error, "The frame of " + topic + " encode failed.");
-        StopAfterFailure();
+    if (!filter.GetIsInitialized() || filter.GetSize() != std::make_pair(video.width, video.height)) {
+        ResetFilter(video.width, video.height);
     }
-    return encoded;
+    const int result = filter.OverlayMsg(video, overlay);
+    if (result == FfmpegFilter::filterError) {
+        Log(Orsa::LogLevel::Error, "Failed to Convert image: Message overlay failed.");
+        return false;
+    }
+    return result == FfmpegFilter::pictureReady && EncodeTimed(filter.GetOutputFrame());
 }
 
 bool VisionDataHandler::ResetFilter(int width, int height)

@@ -49,7 +49,6 @@ protected:
 
 private:
     bool EncodeFrame(bool useEmptyFrame);
-    bool EncodePicture(const custom::AvFrame& video, const custom::AvFrame& overlay);
     bool ResetFilter(int width, int height);
     void ConvertImage();
     boost::shared_ptr<const custom::AvFrameArray> NewestMessage();

@@ -82,6 +82,8 @@ TEST(InquireStatus, RecordableTimeKeepsAGibibyteInReserve)
     EXPECT_EQ(InquireStatus::FormatWriteSpeed(340.0 * 1024), "340 KB/s");
     EXPECT_EQ(InquireStatus::FormatWriteSpeed(1.25 * 1024 * 1024), "1.25 MB/s");
     EXPECT_GT(InquireStatus::GetCapacityInBit("/"), 0);
+    // A folder still to be made counts the space of the disk it will be on.
+    EXPECT_GT(InquireStatus::GetCapacityInBit("/tmp/no_such_folder/task"), 0);
 }
 
 TEST(TickSchedule, ThirtyBeatsASecondWithoutDriftFromWholeMilliseconds)
