@@ -11,7 +11,7 @@ PACKAGES=(
   libvisualization-msgs-dev ros-visualization-msgs
   qtbase5-dev libqt5svg5-dev libqwt-qt5-dev libeigen3-dev
   libavcodec-dev libavformat-dev libavutil-dev libavfilter-dev libswscale-dev
-  libopencv-core-dev libopencv-imgproc-dev
+  libopencv-core-dev libopencv-imgproc-dev libpcl-dev
   libmfx-dev libssh2-1-dev libssl-dev rapidjson-dev libtinyxml2-dev libgtest-dev libgmock-dev libbenchmark-dev
   rviz python3-rosmaster python3-roslaunch rosout python3-rostopic python3-rospy python3-std-msgs
   xvfb xauth xdotool imagemagick x11-apps ffmpeg openssh-server libgl1-mesa-dri mesa-utils
