@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Draws the recording tools' PNG pictures from simple shapes.
+"""Draws the recording and capture tools' PNG pictures from simple shapes.
 
     scripts/make_record_icons.py      (writes rviz_plugin/plugin/resources/record/image/)
 """
@@ -9,7 +9,7 @@ from make_viewer_icons import Canvas
 
 OUT = pathlib.Path(__file__).resolve().parent.parent / "rviz_plugin/plugin/resources/record/image"
 
-BACKGROUND, SHAPE = (40, 40, 40, 255), (150, 150, 150, 255)
+BACKGROUND, SHAPE, WHITE = (40, 40, 40, 255), (150, 150, 150, 255), (255, 255, 255, 255)
 
 
 def no_image():
@@ -23,6 +23,21 @@ def no_image():
     c.save("no_image.png", OUT)
 
 
+def play():
+    c = Canvas(16, 16)
+    c.triangle((4, 2), (14, 8), (4, 14), WHITE)
+    c.save("play.png", OUT)
+
+
+def pause():
+    c = Canvas(16, 16)
+    c.rect(3, 2, 6.5, 14, WHITE)
+    c.rect(9.5, 2, 13, 14, WHITE)
+    c.save("pause.png", OUT)
+
+
 if __name__ == "__main__":
     OUT.mkdir(parents=True, exist_ok=True)
     no_image()
+    play()
+    pause()

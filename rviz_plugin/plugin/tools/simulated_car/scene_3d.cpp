@@ -1,7 +1,10 @@
 #include "scene_3d.h"
 
+#include <sensor_msgs/point_cloud2_iterator.h>
+
 #include <cmath>
 #include <random>
+#include <tuple>
 
 namespace simulated_car {
 
@@ -47,6 +50,77 @@ std::vector<Scene3d::Car> Scene3d::Cars(double t) const
     // A pedestrian walking along the right side of the road.
     cars.push_back(Car{6 + std::fmod(t * 1.2, 20.0), -5.5, 0, 1});
     return cars;
+}
+
+sensor_msgs::PointCloud2 Scene3d::LidarCloud(double t, const std_msgs::Header& header) const
+{
+    constexpr int beams = 64;
+    constexpr int steps = 1600;
+    constexpr double mountHeight = 1.8;
+    constexpr double lowestBeam = -25.0 * M_PI / 180;
+    constexpr double highestBeam = 3.0 * M_PI / 180;
+    constexpr double maxRange = 80.0;
+    struct Box {
+        double x0, x1, y0, y1, top;
+    };
+    std::vector<Box> boxes;
+    for (const Car& car : Cars(t)) {
+        const bool person = car.classification == 1;
+        const double hx = (person ? 0.6 : carLength) / 2;
+        const double hy = (person ? 0.6 : carWidth) / 2;
+        boxes.push_back({car.x - hx, car.x + hx, car.y - hy, car.y + hy, person ? 1.8 : carHeight});
+    }
+    sensor_msgs::PointCloud2 cloud;
+    cloud.header = header;
+    sensor_msgs::PointCloud2Modifier modifier(cloud);
+    modifier.setPointCloud2Fields(4, "x", 1, sensor_msgs::PointField::FLOAT32, "y", 1,
+                                  sensor_msgs::PointField::FLOAT32, "z", 1, sensor_msgs::PointField::FLOAT32,
+                                  "intensity", 1, sensor_msgs::PointField::FLOAT32);
+    modifier.resize(static_cast<std::size_t>(beams) * steps);
+    std::size_t points = 0;
+    float* out = reinterpret_cast<float*>(cloud.data.data());
+    for (int beam = 0; beam < beams; ++beam) {
+        const double elevation = lowestBeam + (highestBeam - lowestBeam) * beam / (beams - 1);
+        for (int step = 0; step < steps; ++step) {
+            const double azimuth = 2 * M_PI * step / steps;
+            const double dx = std::cos(elevation) * std::cos(azimuth);
+            const double dy = std::cos(elevation) * std::sin(azimuth);
+            const double dz = std::sin(elevation);
+            double range = dz < 0 ? std::min(maxRange, mountHeight / -dz) : maxRange + 1;
+            float intensity = 20;
+            for (const Box& box : boxes) {
+                // The ray against the box's sides (slab test in x and y), then its height.
+                double near = 0;
+                double far = range;
+                for (const auto& [origin, direction, low, high] :
+                     {std::tuple<double, double, double, double>{0, dx, box.x0, box.x1}, {0, dy, box.y0, box.y1}}) {
+                    if (std::fabs(direction) < 1e-9) {
+                        near = origin < low || origin > high ? far + 1 : near;
+                        continue;
+                    }
+                    const double a = (low - origin) / direction;
+                    const double b = (high - origin) / direction;
+                    near = std::max(near, std::min(a, b));
+                    far = std::min(far, std::max(a, b));
+                }
+                const double hitZ = mountHeight + dz * near;
+                if (near <= far && near < range && hitZ >= 0 && hitZ <= box.top) {
+                    range = near;
+                    intensity = 80;
+                }
+            }
+            if (range > maxRange) {
+                continue;
+            }
+            out[points * 4 + 0] = static_cast<float>(dx * range);
+            out[points * 4 + 1] = static_cast<float>(dy * range);
+            out[points * 4 + 2] = static_cast<float>(mountHeight + dz * range);
+            out[points * 4 + 3] = intensity;
+            ++points;
+        }
+    }
+    modifier.resize(points);
+    return cloud;
 }
 
 custom::ObjectArray Scene3d::Objects(double t, const std_msgs::Header& header) const

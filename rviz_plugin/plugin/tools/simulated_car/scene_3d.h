@@ -9,6 +9,7 @@
 #include <orsa_msgs/StereoFreespace.h>
 #include <orsa_msgs/StereoTrafficLightArray.h>
 #include <ros/ros.h>
+#include <sensor_msgs/PointCloud2.h>
 
 #include <string>
 
@@ -26,6 +27,8 @@ public:
     custom::RadarTrackArray RadarTracks(double t, const std_msgs::Header& header) const;
     orsa_msgs::StereoFreespace Freespace(double t, const std_msgs::Header& header) const;
     orsa_msgs::StereoTrafficLightArray TrafficLights(double t, const std_msgs::Header& header) const;
+    // A roof lidar's sweep (64 beams by 1600 steps, about 100k points): the road and the objects' boxes.
+    sensor_msgs::PointCloud2 LidarCloud(double t, const std_msgs::Header& header) const;
 
     // Puts one field of each message out of range (the k-th fault of a cycle).
     static void BreakObjects(custom::ObjectArray& objects, unsigned fault);

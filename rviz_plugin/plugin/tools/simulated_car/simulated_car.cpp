@@ -310,7 +310,8 @@ public:
           detections(node.advertise<custom::RadarDetectArray>("radar_detect", 10)),
           tracks(node.advertise<custom::RadarTrackArray>("radar_track", 10)),
           freespace(node.advertise<orsa_msgs::StereoFreespace>("stereo_freespace", 2)),
-          lights(node.advertise<orsa_msgs::StereoTrafficLightArray>("stereo_traffic_lights", 10))
+          lights(node.advertise<orsa_msgs::StereoTrafficLightArray>("stereo_traffic_lights", 10)),
+          lidar(node.advertise<sensor_msgs::PointCloud2>("lidar_points", 2))
     {
     }
 
@@ -348,6 +349,9 @@ public:
             ++faults;
         }
         objects.publish(objectArray);
+        if (lidar.getNumSubscribers() > 0) {
+            lidar.publish(scene.LidarCloud(t, header));
+        }
         detections.publish(detectArray);
         tracks.publish(trackArray);
         lights.publish(lightArray);
@@ -363,6 +367,7 @@ private:
     ros::Publisher tracks;
     ros::Publisher freespace;
     ros::Publisher lights;
+    ros::Publisher lidar;
     unsigned sent = 0;
     unsigned faults = 0;
 };
