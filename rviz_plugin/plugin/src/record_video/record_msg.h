@@ -1,6 +1,7 @@
 #ifndef RVIZ_PLUGIN_RECORD_MSG_H
 #define RVIZ_PLUGIN_RECORD_MSG_H
 
+#include <QMetaType>
 #include <QString>
 #include <QStringList>
 
@@ -20,5 +21,7 @@ struct RecordMsg {
 enum class RecordVideoStatus { Idle = 0, Previewing = 1, Evaluating = 2, Recording = 3 };
 
 } // namespace rviz_plugin
+
+Q_DECLARE_METATYPE(rviz_plugin::RecordMsg)
 
 #endif
