@@ -9,6 +9,9 @@
 #include <QColor>
 #include <QImage>
 
+#include <pcl/PCLPointCloud2.h>
+#include <pcl/io/pcd_io.h>
+
 #include <filesystem>
 #include <fstream>
 #include <regex>
@@ -680,4 +683,169 @@ TEST_F(RvizEndToEnd, PlotDefaultTemplateAndASavedLayoutReloadAsSaved)
     ASSERT_TRUE(again->SaveConfig(20s)) << again->Log();
     EXPECT_EQ(PanelBlock(test_support::ReadFile(work / "plot.rviz"), "PlotPlugin"), first);
     EXPECT_EQ(again->Stop(), 0) << again->Log();
+}
+
+namespace {
+
+// Where a window with this title lies on the screen; the largest visible one when several match.
+QRect WindowGeometry(const test_support::Environment& display, const std::string& title, const fs::path& scratch)
+{
+    const std::string list = (scratch / "windows.txt").string();
+    test_support::RunCommand({"xdotool", "search", "--onlyvisible", "--name", title}, display,
+                             std::chrono::seconds(10), list);
+    QRect best;
+    for (const std::string& window : test_support::ReadLines(list)) {
+        const std::string shell = (scratch / "geometry.txt").string();
+        test_support::RunCommand({"xdotool", "getwindowgeometry", "--shell", window}, display,
+                                 std::chrono::seconds(10), shell);
+        std::map<std::string, int> values;
+        for (const std::string& line : test_support::ReadLines(shell)) {
+            const auto equals = line.find('=');
+            if (equals != std::string::npos && line.substr(0, equals) != "WINDOW") {
+                values[line.substr(0, equals)] = std::atoi(line.c_str() + equals + 1);
+            }
+        }
+        const QRect rect(values["X"], values["Y"], values["WIDTH"], values["HEIGHT"]);
+        if (rect.width() * rect.height() > best.width() * best.height()) {
+            best = rect;
+        }
+    }
+    return best;
+}
+
+int CountWhere(const QImage& image, const std::function<bool(const QColor&)>& predicate)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            count += predicate(image.pixelColor(x, y)) ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+bool IsLaneGreen(const QColor& c)
+{
+    return c.green() > 200 && c.red() < 100 && c.blue() < 100;
+}
+
+} // namespace
+
+// Both tools on the shipped layout: a multi-frame capture of the four cameras and the lidar exported as PNG
+// and PCD, then a recording of every camera with its overlay and of the 3D view, checked with ffprobe.
+TEST_F(RvizEndToEnd, CaptureAndRecordingFromTheShippedLayout)
+{
+    test_support::Environment environment = master->RosEnvironment();
+    test_support::Process car({simulatedCar, "--cameras", "4", "--width", "640", "--height", "360", "--fps", "15"},
+                              work / "simulated_car.log", environment);
+    auto rviz = StartRviz(sourceDirectory + "/layouts/kora_vision.rviz");
+    ExpectNoPluginError(rviz->Log());
+    std::this_thread::sleep_for(10s);
+    const test_support::Environment display{{"DISPLAY", xserver->Display()}};
+    const auto xdotool = [&display](std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), "xdotool");
+        return test_support::RunCommand(arguments, display);
+    };
+    const auto click = [&xdotool](int x, int y) {
+        return xdotool({"mousemove", std::to_string(x), std::to_string(y), "click", "1"});
+    };
+
+    // Capture: three frames of every offered topic (the layout's setting), all kept.
+    ASSERT_EQ(click(20, 300), 0);
+    ASSERT_EQ(xdotool({"key", "ctrl+m"}), 0);
+    ASSERT_TRUE(test_support::WaitFor([&] { return !WindowGeometry(display, "Capture Multisensor Data", work.Path()).isEmpty(); }, 10s));
+    std::this_thread::sleep_for(500ms);
+    ASSERT_EQ(xdotool({"key", "Return"}), 0);
+    QRect preview;
+    ASSERT_TRUE(test_support::WaitFor([&] {
+        preview = WindowGeometry(display, "Capture Multisensor Data", work.Path());
+        return preview.width() > 800;
+    }, 20s)) << rviz->Log();
+    std::this_thread::sleep_for(1s);
+    ASSERT_TRUE(xserver->Screenshot(artifactDirectory + "/capture_preview.png"));
+    ASSERT_EQ(click(preview.right() - 55, preview.bottom() - 22), 0);
+    const fs::path downloads = work / "Downloads";
+    std::vector<fs::path> pictures;
+    std::vector<fs::path> clouds;
+    const bool exported = test_support::WaitFor([&] {
+        pictures.clear();
+        clouds.clear();
+        if (fs::exists(downloads)) {
+            for (const auto& entry : fs::recursive_directory_iterator(downloads)) {
+                (entry.path().extension() == ".png" ? pictures : clouds).push_back(entry.path());
+                if (entry.path().extension() != ".png" && entry.path().extension() != ".pcd") {
+                    clouds.pop_back();
+                }
+            }
+        }
+        return pictures.size() == 12 && clouds.size() == 3;
+    }, 20s);
+    ASSERT_TRUE(exported) << pictures.size() << " pictures, " << clouds.size() << " clouds\n" << rviz->Log();
+    std::this_thread::sleep_for(1s);
+    ASSERT_TRUE(xserver->Screenshot(artifactDirectory + "/capture_exported.png"));
+    for (const fs::path& file : pictures) {
+        const QImage picture(QString::fromStdString(file.string()));
+        ASSERT_EQ(picture.size(), QSize(640, 360)) << file;
+        // The scene's sky is light blue: red and blue the right way round.
+        const QColor sky = picture.pixelColor(320, 40);
+        EXPECT_GT(sky.blue(), sky.red() + 40) << file;
+        // The decoded picture without the overlay: the front camera's lane lines are not drawn in it.
+        if (file.parent_path().filename() == "camera_front") {
+            EXPECT_LT(CountWhere(picture, IsLaneGreen), 20) << file;
+        }
+    }
+    for (const fs::path& file : clouds) {
+        pcl::PCLPointCloud2 cloud;
+        ASSERT_EQ(pcl::io::loadPCDFile(file.string(), cloud), 0) << file;
+        ASSERT_EQ(cloud.fields.size(), 4u);
+        EXPECT_EQ(cloud.fields[0].name + cloud.fields[1].name + cloud.fields[2].name + cloud.fields[3].name,
+                  "xyzintensity");
+        EXPECT_GT(cloud.width * cloud.height, 80000u) << file;
+        EXPECT_EQ(cloud.data.size(), static_cast<std::size_t>(cloud.width) * cloud.height * cloud.point_step);
+    }
+
+    // Recording: the tool's button (the fourth of the tool bar), the evaluation skipped, a few seconds of every
+    // source.
+    ASSERT_EQ(click(403, 41), 0);
+    QRect dialog;
+    ASSERT_TRUE(test_support::WaitFor([&] {
+        dialog = WindowGeometry(display, "Record Video", work.Path());
+        return dialog.width() > 600;
+    }, 20s)) << rviz->Log();
+    std::this_thread::sleep_for(1s);
+    ASSERT_TRUE(xserver->Screenshot(artifactDirectory + "/record_dialog.png"));
+    ASSERT_EQ(click(dialog.left() + 17, dialog.bottom() - 51), 0);  // "Skip evaluation"
+    std::this_thread::sleep_for(300ms);
+    ASSERT_EQ(click(dialog.right() - 53, dialog.bottom() - 21), 0);  // "Record"
+    std::this_thread::sleep_for(6s);
+    ASSERT_TRUE(xserver->Screenshot(artifactDirectory + "/recording_status.png"));
+    EXPECT_EQ(rviz->Stop(), 0);
+
+    // Stopping rviz finishes every file: frames in each file = the beats its recorder counted.
+    const std::regex recorded(R"(Recorded (\d+) frames of (\S+) into (.+\.mp4)\.)");
+    std::map<std::string, std::pair<int, std::string>> files;
+    const std::string log = rviz->Log();
+    for (auto match = std::sregex_iterator(log.begin(), log.end(), recorded); match != std::sregex_iterator();
+         ++match) {
+        files[(*match)[2]] = {std::stoi((*match)[1]), (*match)[3]};
+    }
+    ASSERT_EQ(files.size(), 5u) << log;
+    ASSERT_EQ(files.count("/3d_area_data"), 1u) << log;
+    for (const auto& [topic, file] : files) {
+        EXPECT_GT(file.first, 100) << topic;
+        const std::string probe = (work / "probe.txt");
+        test_support::RunCommand({"ffprobe", "-v", "error", "-count_frames", "-select_streams", "v:0", "-show_entries",
+                                  "stream=codec_name,width,height,r_frame_rate,nb_read_frames", "-of", "csv=p=0",
+                                  file.second},
+                                 {}, 60s, probe);
+        EXPECT_EQ(test_support::ReadLines(probe).at(0), "h264,854,480,30/1," + std::to_string(file.first)) << topic;
+    }
+    // The overlay is in the camera's recording: its green lane lines in a decoded frame.
+    const auto& front = files.at("/camera_front_frameArray");
+    const std::string frame = artifactDirectory + "/recorded_front_frame.png";
+    test_support::RunCommand({"ffmpeg", "-v", "error", "-y", "-i", front.second, "-vf",
+                              "select=eq(n\\," + std::to_string(front.first / 2) + ")", "-frames:v", "1", frame});
+    const QImage decoded(QString::fromStdString(frame));
+    ASSERT_EQ(decoded.size(), QSize(854, 480));
+    EXPECT_GT(CountWhere(decoded, IsLaneGreen), 300) << "no overlay in the recording";
 }

@@ -13,6 +13,8 @@ RvizSession::RvizSession(const RosMaster& master, const VirtualDisplay& display,
 {
     environment["DISPLAY"] = display.Display();
     environment["XDG_RUNTIME_DIR"] = workDirectory;
+    // rviz's own settings and the tools' default folders ("~/Downloads") stay in the test's directory.
+    environment["HOME"] = workDirectory;
     process = std::make_unique<Process>(std::vector<std::string>{"stdbuf", "-oL", "-eL", "rviz", "-d", configFile},
                                         workDirectory + "/rviz.log", environment);
 }
