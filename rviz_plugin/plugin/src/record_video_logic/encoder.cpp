@@ -123,6 +123,10 @@ int Encoder::SetEncodeCtx()
     codecContext->max_b_frames = 0;
     codecContext->qmin = qualityMin;
     codecContext->qmax = qualityMax;
+    // Containers that keep the parameter sets in their header (MP4) get them from the codec at the start.
+    if ((outputFormat->flags & AVFMT_GLOBALHEADER) != 0) {
+        codecContext->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+    }
     if (InitializeHwDevice(codecContext) == initFailure) {
         Release();
         return initFailure;
@@ -175,7 +179,15 @@ int Encoder::AllocOutputFrame()
 
 int Encoder::WriteStreamHeader()
 {
-    if (ExternAvformatWriteHeader(formatContext, nullptr) < 0) {
+    // MP4 is written in fragments, each playable on its own: a file cut short by a full disk or a killed
+    // process keeps what was written before; the trailer still completes a file that ends normally.
+    AVDictionary* options = nullptr;
+    if (std::string(outputFormat->name).find("mp4") != std::string::npos) {
+        ExternAvDictSet(&options, "movflags", "frag_keyframe+empty_moov+default_base_moof", 0);
+    }
+    const int written = ExternAvformatWriteHeader(formatContext, &options);
+    ExternAvDictFree(&options);
+    if (written < 0) {
         return Fail(FailureText("Header not written"));
     }
     headerWritten = true;

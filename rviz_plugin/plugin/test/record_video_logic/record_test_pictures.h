@@ -8,9 +8,12 @@
 #include <QImage>
 
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+
+#include <unistd.h>
 
 namespace record_test {
 
@@ -50,11 +53,13 @@ inline custom::AvFrame OverlayWithBox(int width, int height, int left, int top, 
     return frame;
 }
 
-// What ffprobe says of a file's first video stream: "codec,width,height,rate,frames".
-inline std::string ProbeVideo(const std::string& file)
+// What ffprobe says of a file's first video stream: "codec,width,height,rate,frames", after any message at
+// the log level.
+inline std::string ProbeVideo(const std::string& file, const std::string& level = "error")
 {
-    const std::string out = file + ".probe";
-    test_support::RunCommand({"ffprobe", "-v", "error", "-count_frames", "-select_streams", "v:0", "-show_entries",
+    const std::string out =
+        (std::filesystem::temp_directory_path() / ("rviz_plugin_probe_" + std::to_string(getpid()) + ".txt")).string();
+    test_support::RunCommand({"ffprobe", "-v", level, "-count_frames", "-select_streams", "v:0", "-show_entries",
                               "stream=codec_name,width,height,r_frame_rate,nb_read_frames", "-of", "csv=p=0", file},
                              {}, std::chrono::milliseconds(60000), out);
     std::ifstream stream(out);

@@ -19,7 +19,10 @@
 
 #include <atomic>
 #include <filesystem>
+#include <random>
 #include <thread>
+
+#include <unistd.h>
 
 extern "C" {
 #include <libavutil/frame.h>
@@ -191,6 +194,64 @@ TEST(VisionDataHandler, ABacklogOfBeatsIsReportedAsStacked)
     });
     camera.Stop();
     EXPECT_NE(log.find("The encoding queue of topic /busy_frameArray is stacked."), std::string::npos);
+}
+
+TEST(VisionDataHandler, AFullDiskEndsOnlyThatRecorderAndWhatWasWrittenPlays)
+{
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "mounting a small file system needs root";
+    }
+    test_support::TempDir folder;
+    const std::string small = folder / "small";
+    std::filesystem::create_directories(small);
+    ASSERT_EQ(test_support::RunCommand({"mount", "-t", "tmpfs", "-o", "size=2m", "tmpfs", small}), 0);
+    const std::shared_ptr<void> unmount(nullptr, [&small](void*) { test_support::RunCommand({"umount", small}); });
+    // Noise does not compress: the small disk fills within a second or two.
+    ros::NodeHandle node;
+    ros::Publisher publisher = node.advertise<custom::AvFrameArray>("/noisy_frameArray", 10);
+    std::atomic<bool> running{true};
+    std::thread camera([&] {
+        std::mt19937 random(7);
+        while (running) {
+            auto message = CameraMessage(100, false);
+            for (auto& byte : message->AvFrameArray[0].data[0].data) {
+                byte = static_cast<uint8_t>(random());
+            }
+            publisher.publish(message);
+            std::this_thread::sleep_for(std::chrono::milliseconds(33));
+        }
+    });
+    VisionDataHandler full;
+    VisionDataHandler roomy;
+    for (auto* recorder : {&full, &roomy}) {
+        recorder->Initialize("/noisy_frameArray");
+        ASSERT_TRUE(recorder->ReadyConfig(Settings(recorder == &full ? small : folder.Path().string())));
+        recorder->StartThread();
+    }
+    ASSERT_TRUE(test_support::WaitFor([&] { return full.GetDataResolution().first == width &&
+                                                   roomy.GetDataResolution().first == width; },
+                                      std::chrono::seconds(10)));
+    const std::string log = test_support::Console([&] {
+        full.StartRecordData();
+        roomy.StartRecordData();
+        ASSERT_TRUE(full.GetIsStartSuccess());
+        // The failed recorder shuts itself down on this thread's event loop.
+        EXPECT_TRUE(test_support::ServeEvents([&] { return !full.IsRecording(); }, std::chrono::seconds(20)));
+        EXPECT_TRUE(roomy.IsRecording());
+    });
+    const std::string fullFile = full.GetFileName();
+    const std::string roomyFile = roomy.GetFileName();
+    roomy.ShutDown();
+    running = false;
+    camera.join();
+    EXPECT_NE(log.find("Failed to write AVPacket. FFmpeg error type: "), std::string::npos) << log;
+    EXPECT_NE(log.find("The frame of /noisy_frameArray encode failed."), std::string::npos);
+    // What reached the small disk before it filled still plays.
+    // (The decoder's complaints about the cut end are left out.)
+    const std::string probed = record_test::ProbeVideo(fullFile, "quiet");
+    ASSERT_EQ(probed.rfind("h264,320,240,30/1,", 0), 0u) << probed;
+    EXPECT_GE(std::stoi(probed.substr(probed.rfind(',') + 1)), 10) << probed;
+    EXPECT_EQ(record_test::ProbeVideo(roomyFile).rfind("h264,320,240,30/1,", 0), 0u);
 }
 
 TEST(RecordDataManager, PreviewShowsEachSourceOrGivesUpAfterFifteenRounds)
