@@ -29,7 +29,7 @@ sources_of() {
            "$SRC/ros_msg_parser/parser.cpp $PLUGIN/test/ros_msg_parser/fuzz_ros_msg_parser.cpp" ;;
     video_decoding)
       echo "$PLUGIN/test/decoder_switch/fuzz_video_decoding.cpp $SRC/decoder_switch/software_decoder.cpp" \
-           "$SRC/decoder_switch/decoder.cpp $SRC/decoder_switch/custom_av_frame_data.cpp" \
+           "$SRC/decoder_switch/decoder.cpp $SRC/frames/custom_av_frame_data.cpp" \
            "$SRC/decoder_switch/video_frame_rules.cpp $SRC/frames/yuv_texture_data.cpp" \
            "$SRC/frames/texture_data.cpp $SRC/frames/extern_ffmpeg.cpp ${FOUNDATION[*]}" ;;
     config_files)
@@ -50,7 +50,7 @@ sources_of() {
 libraries_of() {
   case "$1" in
     ros_msg_parser) ;;
-    video_decoding) echo "$(pkg-config --libs libavcodec libavutil libswscale) ${ROS_LIBS[*]}" ;;
+    video_decoding) echo "$(pkg-config --libs libavcodec libavformat libavfilter libavutil libswscale) ${ROS_LIBS[*]}" ;;
     config_files) echo "${ROS_LIBS[*]}" ;;
     remote_connections) echo "-lrviz $(pkg-config --libs Qt5Core) -lcrypto ${ROS_LIBS[*]}" ;;
     command_files) echo "${ROS_LIBS[*]}" ;;
