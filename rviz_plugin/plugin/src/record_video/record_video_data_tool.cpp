@@ -18,7 +18,6 @@
 #include <QMessageBox>
 
 #include <rviz/display_context.h>
-#include <rviz/panel_dock_widget.h>
 #include <rviz/tool_manager.h>
 #include <rviz/visualization_manager.h>
 #include <rviz/window_manager_interface.h>
@@ -55,6 +54,7 @@ RecordVideoDataTool::~RecordVideoDataTool()
     manager.CloseRecord();
     delete centerWidget;
     delete tipsCenter;
+    delete tipsRecording;
     delete evaluateWidget;
 }
 
@@ -251,20 +251,15 @@ void RecordVideoDataTool::StartRecordDirect(const std::map<std::string, EncoderT
 
 void RecordVideoDataTool::ShowRecordingPanel()
 {
+    // A window of the tool's own over the main window: rviz's panes would mark the configuration changed.
     if (tipsRecording == nullptr) {
-        tipsRecording = new TipsRecordingWidget();
+        tipsRecording = new TipsRecordingWidget(MainWindow());
+        tipsRecording->setWindowFlags(Qt::Tool);
+        tipsRecording->setWindowTitle("Recording");
         connect(tipsRecording.data(), &TipsRecordingWidget::StopRecord, this, [this] { FinishRecord(true); });
-        rviz::WindowManagerInterface* windows = context_->getWindowManager();
-        if (windows != nullptr) {
-            recordingDock = windows->addPane("Recording", tipsRecording, Qt::RightDockWidgetArea, true);
-        }
     }
-    if (recordingDock != nullptr) {
-        recordingDock->show();
-        recordingDock->raise();
-    } else {
-        tipsRecording->show();
-    }
+    tipsRecording->show();
+    tipsRecording->raise();
 }
 
 void RecordVideoDataTool::UpdateRecordingStatus()

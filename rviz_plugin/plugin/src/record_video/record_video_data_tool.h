@@ -23,10 +23,6 @@
 #include <functional>
 #include <map>
 
-namespace rviz {
-class PanelDockWidget;
-}
-
 namespace rviz_plugin {
 
 // The way into recording: a preview of every camera and of the 3D view, the record dialog, the optional
@@ -90,7 +86,6 @@ private:
     QPointer<TipsCenterWidget> tipsCenter;
     QPointer<TipsRecordingWidget> tipsRecording;
     QPointer<RecordEvaluateWidget> evaluateWidget;
-    rviz::PanelDockWidget* recordingDock = nullptr;
 };
 
 } // namespace rviz_plugin

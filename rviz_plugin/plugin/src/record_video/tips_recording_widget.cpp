@@ -2,6 +2,7 @@
 
 #include "widgets/buttons.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -20,12 +21,14 @@ TipsRecordingWidget::TipsRecordingWidget(QWidget* parent) : QWidget(parent)
     warnLabel->setStyleSheet("color: #F5A623;");
     warnLabel->hide();
     stopButton = new PrimaryButton("Stop", this);
+    auto* top = new QHBoxLayout();
+    top->addWidget(titleLabel, 1);
+    top->addWidget(stopButton);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(titleLabel);
+    layout->addLayout(top);
     layout->addWidget(folderLabel);
     layout->addWidget(displayStatus);
     layout->addWidget(warnLabel);
-    layout->addWidget(stopButton, 0, Qt::AlignRight);
     layout->addStretch(1);
     connect(stopButton, &QPushButton::clicked, this, &TipsRecordingWidget::StopRecord);
 }

@@ -99,15 +99,23 @@ void DataRecorderBase::StartRecordData()
     }
 }
 
+void DataRecorderBase::StopBeat()
+{
+    if (!threadsStarted) {
+        return;
+    }
+    ShutDownSubscriber();
+    timerThread->quit();
+    timerThread->wait();
+}
+
 void DataRecorderBase::ShutDown()
 {
     if (!threadsStarted) {
         return;
     }
+    StopBeat();
     threadsStarted = false;
-    ShutDownSubscriber();
-    timerThread->quit();
-    timerThread->wait();
     // The beats already counted are encoded before the file is finished: frames in = beats counted.
     QMetaObject::invokeMethod(encodingContext, [] {}, Qt::BlockingQueuedConnection);
     isActive = false;

@@ -48,6 +48,9 @@ public:
     virtual void StartThread();
     // Stops the beat, encodes the beats still waiting, and finishes the file so that it is playable.
     virtual void ShutDown();
+    // The first half of ShutDown: no more beats or messages. Recorders stopped together this way then
+    // encode what they still hold side by side.
+    void StopBeat();
     virtual std::pair<int, int> GetDataResolution() = 0;
     virtual QImage GetPreviewImage() = 0;
     virtual bool GetIsInitFilter() const = 0;

@@ -170,6 +170,9 @@ void RecordDataManager::CloseRecord()
 {
     previewTimer.stop();
     for (auto& [topic, recorder] : recorders) {
+        recorder->StopBeat();
+    }
+    for (auto& [topic, recorder] : recorders) {
         recorder->ShutDown();
     }
     recorders.clear();

@@ -819,17 +819,24 @@ TEST_F(RvizEndToEnd, CaptureAndRecordingFromTheShippedLayout)
     ASSERT_EQ(click(dialog.right() - 53, dialog.bottom() - 21), 0);  // "Record"
     std::this_thread::sleep_for(6s);
     ASSERT_TRUE(xserver->Screenshot(artifactDirectory + "/recording_status.png"));
-    EXPECT_EQ(rviz->Stop(), 0);
-
-    // Stopping rviz finishes every file: frames in each file = the beats its recorder counted.
+    // "Stop" in the recording panel finishes every file: frames in each file = the beats its recorder counted.
+    const QRect panel = WindowGeometry(display, "Recording", work.Path());
+    ASSERT_FALSE(panel.isEmpty());
+    ASSERT_EQ(click(panel.right() - 52, panel.top() + 22), 0);  // "Stop", beside the title
     const std::regex recorded(R"(Recorded (\d+) frames of (\S+) into (.+\.mp4)\.)");
     std::map<std::string, std::pair<int, std::string>> files;
-    const std::string log = rviz->Log();
-    for (auto match = std::sregex_iterator(log.begin(), log.end(), recorded); match != std::sregex_iterator();
-         ++match) {
-        files[(*match)[2]] = {std::stoi((*match)[1]), (*match)[3]};
-    }
-    ASSERT_EQ(files.size(), 5u) << log;
+    std::string log;
+    const bool finished = test_support::WaitFor([&] {
+        log = rviz->Log();
+        files.clear();
+        for (auto match = std::sregex_iterator(log.begin(), log.end(), recorded); match != std::sregex_iterator();
+             ++match) {
+            files[(*match)[2]] = {std::stoi((*match)[1]), (*match)[3]};
+        }
+        return files.size() == 5;
+    }, 60s);
+    EXPECT_EQ(rviz->Stop(), 0);
+    ASSERT_TRUE(finished) << log;
     ASSERT_EQ(files.count("/3d_area_data"), 1u) << log;
     for (const auto& [topic, file] : files) {
         EXPECT_GT(file.first, 100) << topic;
