@@ -40,8 +40,11 @@ void CustomFrameArrayData::RegisterPublishNode(const std::string& topic, int num
     }
     const std::string suffix = number == -1 ? "_frameArray" : "_frameArray_" + std::to_string(number);
     const std::string name = "/" + topic + suffix;
-    ros::Publisher advertised = nodeHandle.advertise<custom::AvFrameArray>(name, publishQueueSize);
     std::lock_guard<std::mutex> lock(mutex);
+    if (nodeHandle == nullptr) {
+        nodeHandle = std::make_unique<ros::NodeHandle>();
+    }
+    ros::Publisher advertised = nodeHandle->advertise<custom::AvFrameArray>(name, publishQueueSize);
     publisher = advertised;
     publishTopic = name;
 }

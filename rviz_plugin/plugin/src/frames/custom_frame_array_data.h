@@ -37,7 +37,8 @@ private:
     bool IsListenedInProcess() const;
 
     mutable std::mutex mutex;
-    ros::NodeHandle nodeHandle;
+    // Made with the first topic: an overlay node without one needs no ROS.
+    std::unique_ptr<ros::NodeHandle> nodeHandle;
     ros::Publisher publisher;
     std::string publishTopic;
 };
