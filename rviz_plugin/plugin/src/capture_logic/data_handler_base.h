@@ -48,7 +48,6 @@ public:
     virtual std::map<ros::Time, QImage> GetImages(const std::vector<ros::Time>& stamps) const = 0;
     // Writes the messages at the stamps into folder on a thread; DataSaveFinished or DataSaveFailed follow.
     void SaveData(const QString& folder, const std::vector<ros::Time>& stamps);
-    virtual bool IsTopicDisplayEnable() const { return true; }
     const std::string& GetTopic() const { return topic; }
     bool IsSaving() const;
 

@@ -32,7 +32,6 @@ public:
 
     std::pair<int, int> GetDataResolution() override;
     QImage GetPreviewImage() override;
-    bool GetIsInitFilter() const override { return true; }
     bool GetIsPreviewImageReady() const override { return isPreviewImageReady; }
 
 protected:

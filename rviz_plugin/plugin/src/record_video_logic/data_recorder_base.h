@@ -53,7 +53,6 @@ public:
     void StopBeat();
     virtual std::pair<int, int> GetDataResolution() = 0;
     virtual QImage GetPreviewImage() = 0;
-    virtual bool GetIsInitFilter() const = 0;
     virtual bool GetIsPreviewImageReady() const = 0;
 
     // Opens the file (on the encoding thread) and begins recording: status 2 when that worked.

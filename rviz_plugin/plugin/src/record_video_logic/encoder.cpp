@@ -199,7 +199,8 @@ bool Encoder::HasFile() const
     return outputFormat != nullptr && (outputFormat->flags & AVFMT_NOFILE) == 0;
 }
 
-bool Encoder::Encode(const custom::AvFrame& source)
+template <typename Source>
+bool Encoder::ConvertAndEncode(const Source& source)
 {
     if (!headerWritten || !converter.ConvertVideoFrame(source, outputFrame)) {
         LogError("Failed to convert video frame. Memory may be insufficient. Release memory and restart Orsa.");
@@ -208,13 +209,14 @@ bool Encoder::Encode(const custom::AvFrame& source)
     return EncodingAvFrame();
 }
 
+bool Encoder::Encode(const custom::AvFrame& source)
+{
+    return ConvertAndEncode(source);
+}
+
 bool Encoder::Encode(const AVFrame* source)
 {
-    if (!headerWritten || !converter.ConvertVideoFrame(source, outputFrame)) {
-        LogError("Failed to convert video frame. Memory may be insufficient. Release memory and restart Orsa.");
-        return false;
-    }
-    return EncodingAvFrame();
+    return ConvertAndEncode(source);
 }
 
 bool Encoder::EncodingAvFrame()

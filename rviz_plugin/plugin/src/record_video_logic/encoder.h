@@ -91,6 +91,8 @@ private:
     int Open(const std::string& fileName);
     int AllocOutputFrame();
     int WriteStreamHeader();
+    template <typename Source>
+    bool ConvertAndEncode(const Source& source);
     bool EncodingAvFrame();
     bool HasFile() const;
 

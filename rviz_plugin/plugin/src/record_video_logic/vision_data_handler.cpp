@@ -130,6 +130,10 @@ bool VisionDataHandler::EncodeFrame(bool useEmptyFrame)
     if (!IsNeedOverlayFrame(overlay)) {
         return EncodeTimed(video);
     }
+    if (msg == overlaidMessage && filter.GetIsInitialized()) {
+        return EncodeTimed(filter.GetOutputFrame());
+    }
+    overlaidMessage.reset();
     if (!filter.GetIsInitialized() || filter.GetSize() != std::make_pair(video.width, video.height)) {
         ResetFilter(video.width, video.height);
     }
@@ -138,11 +142,16 @@ bool VisionDataHandler::EncodeFrame(bool useEmptyFrame)
         Log(Orsa::LogLevel::Error, "Failed to Convert image: Message overlay failed.");
         return false;
     }
-    return result == FfmpegFilter::pictureReady && EncodeTimed(filter.GetOutputFrame());
+    if (result != FfmpegFilter::pictureReady) {
+        return false;
+    }
+    overlaidMessage = msg;
+    return EncodeTimed(filter.GetOutputFrame());
 }
 
 bool VisionDataHandler::ResetFilter(int width, int height)
 {
+    overlaidMessage.reset();
     filter.Clear();
     return filter.Initialize({width, height});
 }

@@ -29,7 +29,6 @@ public:
 
     std::pair<int, int> GetDataResolution() override;
     QImage GetPreviewImage() override;
-    bool GetIsInitFilter() const override { return filter.GetIsInitialized(); }
     bool GetIsPreviewImageReady() const override { return isPreviewImageReady; }
 
     // The camera part of the file name: the topic without "_frameArray", with its custom name, for a file
@@ -66,6 +65,8 @@ private:
     std::atomic<bool> isPreviewImageReady{false};
     std::mutex messageMutex;
     boost::shared_ptr<const custom::AvFrameArray> newestMessage;
+    // The message whose overlaid picture the filter holds: a beat without a newer message encodes it again.
+    boost::shared_ptr<const custom::AvFrameArray> overlaidMessage;
     std::mutex previewMutex;
     QImage previewImage;
     custom::AvFrame emptyFrame;
