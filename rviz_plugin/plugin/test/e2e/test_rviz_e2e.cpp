@@ -14,6 +14,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <regex>
 #include <sstream>
 #include <thread>
@@ -165,7 +166,7 @@ TEST_F(RvizEndToEnd, ShippedLayoutShowsFourDecodedCamerasOfTheSimulatedCar)
     ASSERT_EQ(before.size(), after.size());
 
     // The soak script's patches of the four items (the layout's item table) lie on their pictures.
-    int patches = 0;
+    std::map<std::string, QRect> patches;
     for (const std::string& entry : test_support::ReadLines(sourceDirectory + "/layouts/kora_vision.items")) {
         if (entry.empty() || entry[0] == '#') {
             continue;
@@ -177,10 +178,10 @@ TEST_F(RvizEndToEnd, ShippedLayoutShowsFourDecodedCamerasOfTheSimulatedCar)
         int width = 0;
         int height = 0;
         ASSERT_TRUE(fields >> topic >> x >> y >> width >> height) << entry;
-        EXPECT_EQ(ClassifyPatch(before, QRect(x, y, width, height)), "picture") << topic;
-        ++patches;
+        patches[topic] = QRect(x, y, width, height);
+        EXPECT_EQ(ClassifyPatch(before, patches[topic]), "picture") << topic;
     }
-    EXPECT_EQ(patches, 4);
+    EXPECT_EQ(patches.size(), 4U);
     // The wall's "Add" button, and the sky of the simulated scenes in the video windows.
     EXPECT_GT(CountColour(before, QColor(0x28, 0x78, 0xc5)), 300);
     const int sky = CountInWall(before, [](const QColor& c, int, int) {
@@ -219,6 +220,25 @@ TEST_F(RvizEndToEnd, ShippedLayoutShowsFourDecodedCamerasOfTheSimulatedCar)
         << "the vehicle panels are missing";
     EXPECT_GT(countInPanels([](const QColor& c) { return c.blue() > 200 && c.green() > 180 && c.red() < 60; }), 500)
         << "no values in the vehicle panels";
+
+    // The wall lays its items out again while frames arrive: rviz's window shrunk by a fifth and
+    // restored, five times; each time every item shows its picture again.
+    const test_support::Environment display{{"DISPLAY", xserver->Display()}};
+    const std::string stir = "w=$(xdotool search --onlyvisible --name 'RViz' | head -n 1) && "
+                             "eval \"$(xdotool getwindowgeometry --shell \"$w\")\" && "
+                             "xdotool windowsize \"$w\" $((WIDTH * 4 / 5)) $((HEIGHT * 4 / 5)) && sleep 0.5 && "
+                             "xdotool windowsize \"$w\" \"$WIDTH\" \"$HEIGHT\"";
+    for (int round = 1; round <= 5; ++round) {
+        ASSERT_EQ(test_support::RunCommand({"bash", "-c", stir}, display), 0);
+        std::this_thread::sleep_for(1500ms);
+        const std::string shot = artifactDirectory + "/kora_vision_resized.png";
+        ASSERT_TRUE(xserver->Screenshot(shot));
+        const QImage resized(QString::fromStdString(shot));
+        ASSERT_EQ(resized.size(), before.size());
+        for (const auto& [topic, patch] : patches) {
+            EXPECT_EQ(ClassifyPatch(resized, patch), "picture") << topic << " after resize " << round;
+        }
+    }
 
     ASSERT_TRUE(rviz->SaveConfig(20s)) << rviz->Log();
     const std::string saved = test_support::ReadFile(work / "kora_vision.rviz");
