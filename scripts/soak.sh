@@ -1,24 +1,27 @@
 #!/usr/bin/env bash
 # A long run of the shipped layout against the simulated car, as a user leaves rviz open for a drive:
-#   scripts/soak.sh MINUTES [--hog N] [--warmup-minutes W] [--max-growth-mb M] [--car "OPTIONS"]
+#   scripts/soak.sh MINUTES [--hog N] [--stir] [--warmup-minutes W] [--max-growth-mb M] [--car "OPTIONS"]
 # rviz's resident memory and CPU are sampled every 30 s; every 10 s a screenshot is taken and each
 # wall item's picture area is classed as a picture, black, the idle picture or other. A summary
 # (memory after the warm-up and at the end, growth since, black items and when, CPU) is printed and
 # kept with the samples and the screenshots of faults in $BUILD_DIR/soak/. --hog N runs N busy loops
-# beside rviz. Fails when an item was black or showed the idle picture while its camera published, or
+# beside rviz; --stir shrinks rviz's window and restores it before every check, so that the wall lays
+# its items out again while frames arrive. Fails when an item was black or showed the idle picture while its camera published, or
 # when memory grew by more than M MB (default 2) from the end of the warm-up (default 10 minutes).
 # Runs on its own virtual display; needs a build (scripts/build.sh).
 set -eo pipefail
 source "$(dirname "$0")/env.sh"
-MINUTES=${1:?usage: scripts/soak.sh MINUTES [--hog N] [--warmup-minutes W] [--max-growth-mb M] [--car OPTIONS]}
+MINUTES=${1:?usage: scripts/soak.sh MINUTES [--hog N] [--stir] [--warmup-minutes W] [--max-growth-mb M] [--car OPTIONS]}
 shift
 HOG=0
+STIR=no
 WARMUP=10
 MAX_GROWTH_MB=2
 CAR_OPTIONS="--cameras 4 --width 1280 --height 720 --fps 15"
 while [ $# -gt 0 ]; do
   case "$1" in
     --hog) HOG=$2; shift 2 ;;
+    --stir) STIR=yes; shift ;;
     --warmup-minutes) WARMUP=$2; shift 2 ;;
     --max-growth-mb) MAX_GROWTH_MB=$2; shift 2 ;;
     --car) CAR_OPTIONS=$2; shift 2 ;;
@@ -38,6 +41,8 @@ start_car $CAR_OPTIONS
 for _ in $(seq 1 "$HOG"); do
   (while :; do :; done) & session_pids+=($!)
 done
+# The plugin's heap figures every 30 s (blocks in use, free blocks, blocks of their own).
+export RVIZ_PLUGIN_HEAP_FIGURES="$RUN_DIR/heap.csv"
 start_rviz
 
 # The picture areas of the wall's four items in the shipped layout (checked by its end-to-end test).
@@ -54,7 +59,8 @@ classify() {  # screenshot x y width height
     else if (m > 0.7) print "idle"; else print "other" }'
 }
 
-memory_kb() { awk '/^VmRSS/ {print $2}' "/proc/$RVIZ_PID/status"; }
+# Resident memory and its anonymous part (the heap and other private memory; the rest is mapped files).
+memory_mb() { awk '/^(VmRSS|RssAnon)/ {printf "%s%.1f", sep, $2 / 1024; sep = ","}' "/proc/$RVIZ_PID/status"; }
 cpu_ticks() { awk '{print $14 + $15}' "/proc/$RVIZ_PID/stat"; }
 
 # rviz is up when the wall logged its start; the first pictures follow the first key frames.
@@ -65,9 +71,24 @@ for _ in $(seq 1 600); do
 done
 sleep 10
 
+if [ "$STIR" = yes ]; then
+  WINDOW=$(xdotool search --onlyvisible --pid "$RVIZ_PID" --name "RViz" | head -n 1)
+  eval "$(xdotool getwindowgeometry --shell "$WINDOW")"
+  FULL_SIZE="$WIDTH $HEIGHT"
+fi
+# Shrinks rviz's window by a fifth and restores it; the items are checked once the wall settled.
+stir() {
+  # shellcheck disable=SC2086
+  set -- $FULL_SIZE
+  xdotool windowsize "$WINDOW" $(($1 * 4 / 5)) $(($2 * 4 / 5))
+  sleep 0.5
+  xdotool windowsize "$WINDOW" "$1" "$2"
+  sleep 1.5
+}
+
 TICKS_PER_SECOND=$(getconf CLK_TCK)
 TOTAL=$(awk -v m="$MINUTES" 'BEGIN {print int(m * 60)}')
-echo "seconds,rss_mb,cpu_percent" >"$RUN_DIR/memory.csv"
+echo "seconds,rss_mb,anon_mb,cpu_percent" >"$RUN_DIR/memory.csv"
 echo "seconds,item,class" >"$RUN_DIR/items.csv"
 faults=0
 samples=0
@@ -76,6 +97,7 @@ start=$(date +%s)
 for elapsed in $(seq 0 10 "$TOTAL"); do
   while [ $(($(date +%s) - start)) -lt "$elapsed" ]; do sleep 0.5; done
   kill -0 "$RVIZ_PID" 2>/dev/null || { echo "rviz ended at $elapsed s; see $RUN_DIR/rviz.log" >&2; exit 1; }
+  [ "$STIR" = yes ] && stir
   shot="$RUN_DIR/shot.png"
   DISPLAY=$DISPLAY import -window root "$shot"
   samples=$((samples + 1))
@@ -94,23 +116,33 @@ for elapsed in $(seq 0 10 "$TOTAL"); do
     cpu=$(awk -v d=$((ticks - last_ticks)) -v t="$TICKS_PER_SECOND" 'BEGIN {printf "%.1f", 100 * d / (30 * t)}')
     [ "$elapsed" -eq 0 ] && cpu=""
     last_ticks=$ticks
-    echo "$elapsed,$(awk -v k="$(memory_kb)" 'BEGIN {printf "%.1f", k / 1024}'),$cpu" >>"$RUN_DIR/memory.csv"
+    echo "$elapsed,$(memory_mb),$cpu" >>"$RUN_DIR/memory.csv"
   fi
 done
 
 summary=$(awk -F, -v warmup=$((WARMUP * 60)) -v limit="$MAX_GROWTH_MB" '
   NR == 1 { next }
-  { last = $2; if ($1 >= warmup && warm == "") warm = $2
+  { last = $2; lastAnon = $3; if ($1 >= warmup && warm == "") { warm = $2; warmAnon = $3 }
     if ($1 >= warmup) { if (low == "" || $2 < low) low = $2; if ($2 > high) high = $2 }
-    if ($3 != "") { cpu += $3; n++ } }
+    if ($4 != "") { cpu += $4; n++ } }
   END {
     if (warm == "") { print "memory: the run ended before the warm-up did"; exit 1 }
     printf "memory: %.1f MB at %d min, %.1f MB at the end, %.1f MB between lowest and highest since\n", warm, warmup / 60, last, high - low
+    printf "anonymous part: %.1f MB at %d min, %.1f MB at the end\n", warmAnon, warmup / 60, lastAnon
     printf "cpu: %.1f %% of a core on average\n", cpu / n
     exit (high - low > limit) ? 1 : 0 }' "$RUN_DIR/memory.csv") && memory_ok=yes || memory_ok=no
+# Blocks in use growing is data kept; free blocks growing is a heap that fragments.
+heap=$(awk -F, -v warmup=$((WARMUP * 60 + 10)) '
+  $1 >= warmup && warm == "" { warm = $0 }
+  { last = $0 }
+  END { if (warm == "") exit
+    split(warm, w, ","); split(last, l, ",")
+    printf "heap: in use %.1f -> %.1f MB, free %.1f -> %.1f MB, blocks of their own %.1f -> %.1f MB\n", w[2], l[2], w[3], l[3], w[4], l[4] }' \
+  "$RUN_DIR/heap.csv" 2>/dev/null || true)
 {
-  echo "soak of $MINUTES min, $HOG busy loops beside rviz, car: $CAR_OPTIONS"
+  echo "soak of $MINUTES min, $HOG busy loops beside rviz, window stirred: $STIR, car: $CAR_OPTIONS"
   echo "$summary"
+  [ -z "$heap" ] || echo "$heap"
   echo "items: $samples samples of ${#ITEMS[@]} items, $faults black or idle"
   grep -E ",(black|idle)$" "$RUN_DIR/items.csv" | sed 's/^/  at s,item,class: /' || true
 } | tee "$RUN_DIR/summary.txt"

@@ -7,6 +7,7 @@
 #include "videos_widget.h"
 
 #include "foundation/config_load_guard.h"
+#include "foundation/heap_settings.h"
 #include "foundation/logger.h"
 #include "foundation/memory_exception.h"
 #include "foundation/rviz_helpers.h"
@@ -60,6 +61,7 @@ KoraVisionDisplay::~KoraVisionDisplay()
 void KoraVisionDisplay::onInitialize()
 {
     std::set_new_handler(Orsa::HandleMemoryException);
+    WriteHeapFiguresWhenAsked();
     rviz::Display::onInitialize();
     associatedWidget = new AssociatedWidget();
     associatedWidget->Init();
