@@ -59,8 +59,15 @@ classify() {  # screenshot x y width height
     else if (m > 0.7) print "idle"; else print "other" }'
 }
 
-# Resident memory and its anonymous part (the heap and other private memory; the rest is mapped files).
-memory_mb() { awk '/^(VmRSS|RssAnon)/ {printf "%s%.1f", sep, $2 / 1024; sep = ","}' "/proc/$RVIZ_PID/status"; }
+# Resident memory and its anonymous part (the heap and other private memory; the rest is mapped files),
+# as the median of five reads over two seconds: pictures in flight (a camera frame 1.4 MB, an overlay
+# canvas 3.5 MB) come and go many times a second, and one read would hinge on how many there are then.
+memory_mb() {
+  for _ in 1 2 3 4 5; do
+    awk '/^(VmRSS|RssAnon)/ {printf "%s%.1f", sep, $2 / 1024; sep = ","} END {print ""}' "/proc/$RVIZ_PID/status"
+    sleep 0.4
+  done | sort -t, -n -k1,1 | sed -n 3p
+}
 cpu_ticks() { awk '{print $14 + $15}' "/proc/$RVIZ_PID/stat"; }
 
 # rviz is up when the wall logged its start; the first pictures follow the first key frames.
