@@ -8,7 +8,7 @@
 # Each step is timed; the times and the build's share per library are printed at the end.
 # --quick builds the plain tree only and runs every level there (unit, integration, fuzz, end to end).
 # --sanitize-display runs the display tests under the sanitizers too, instead of in the plain tree
-# (about six minutes more of build on two cores).
+# (about seven minutes more of build on two cores).
 set -eo pipefail
 source "$(dirname "$0")/env.sh"
 
