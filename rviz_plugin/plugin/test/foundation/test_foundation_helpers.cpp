@@ -5,7 +5,6 @@
 #include "foundation/config_file_tool.h"
 #include "foundation/cpu_usage_handler.h"
 #include "foundation/file_hander.h"
-#include "foundation/heap_settings.h"
 #include "foundation/memory_exception.h"
 #include "foundation/object_pool.h"
 #include "foundation/string_helpers.h"
@@ -14,14 +13,11 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
-
 #include <cerrno>
 #include <cmath>
 #include <filesystem>
 #include <memory>
 #include <new>
-#include <regex>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -402,33 +398,6 @@ TEST(ObjectPool, CreatesOnlyTheShortfallAndParksTheSurplus)
     pool.Reset();
     EXPECT_EQ(pool.GetUsedSize(), 0U);
     EXPECT_EQ(created, 8);
-}
-
-TEST(HeapFigures, LargeBlocksCountOnTheirOwnAndTheFileGetsALineAtOnce)
-{
-    rviz_plugin::ReturnLargeBuffersToTheSystem();
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-    // Under the sanitizers their own allocator serves the blocks and the C library's figures stand still.
-    const rviz_plugin::HeapFigures before = rviz_plugin::CurrentHeapFigures();
-    auto large = std::make_unique<char[]>(4 * rviz_plugin::largeBlockBytes);
-    large[0] = 1;
-    const rviz_plugin::HeapFigures after = rviz_plugin::CurrentHeapFigures();
-    EXPECT_GE(after.ownBlocks, before.ownBlocks + 4 * rviz_plugin::largeBlockBytes);
-    EXPECT_LT(after.inUse, before.inUse + rviz_plugin::largeBlockBytes);
-#endif
-
-    TempDir directory;
-    const std::string file = (directory.Path() / "heap.csv").string();
-    ASSERT_EQ(setenv(rviz_plugin::heapFiguresVariable, file.c_str(), 1), 0);
-    int argc = 1;
-    char name[] = "test";
-    char* argv[] = {name, nullptr};
-    QCoreApplication application(argc, argv);
-    rviz_plugin::WriteHeapFiguresWhenAsked();
-    rviz_plugin::WriteHeapFiguresWhenAsked();  // once per process: still one line
-    const std::string text = test_support::ReadFile(file);
-    EXPECT_TRUE(std::regex_match(text, std::regex(R"(0,\d+\.\d,\d+\.\d,\d+\.\d\n)"))) << text;
-    unsetenv(rviz_plugin::heapFiguresVariable);
 }
 
 TEST(ColorPool, TablesWrapAndSpecialTypes)
