@@ -698,7 +698,7 @@ void PlotWidget::SlotUpdateCurve(int index, const QVector<QPointF>& points, cons
     }
     PlotSeries& series = curves[index]->Series();
     series.Append(points, timestamps);
-    series.KeepRange(historySeconds);
+    series.KeepRange(PlotSeries::historySeconds);
     curves[index]->SamplesChanged();
     dirty = true;
 }

@@ -37,7 +37,6 @@ public:
     static constexpr int buttonSize = 24;
     static constexpr int titleWidth = 200;
     static constexpr int axisMargin = 1;
-    static constexpr double historySeconds = 3600.0;
     static constexpr int replotInterval = 1000;
 
     explicit PlotWidget(PlotModel& model, QWidget* parent = nullptr);
