@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # A long run of the shipped layout against the simulated car, as a user leaves rviz open for a drive:
 #   scripts/soak.sh MINUTES [--hog N] [--stir] [--warmup-minutes W] [--max-growth-mb M] [--car "OPTIONS"]
-# rviz's resident memory and CPU are sampled every 30 s; every 10 s a screenshot is taken and each
-# wall item's picture area is classed as a picture, black, the idle picture or other. A summary
-# (memory after the warm-up and at the end, growth since, black items and when, CPU) is printed and
-# kept with the samples and the screenshots of faults in $BUILD_DIR/soak/. --hog N runs N busy loops
-# beside rviz; --stir shrinks rviz's window and restores it before every check, so that the wall lays
-# its items out again while frames arrive. Fails when an item was black or showed the idle picture while its camera published, or
-# when memory grew by more than M MB (default 2) from the end of the warm-up (default 10 minutes).
+# rviz's resident memory (read every half second, the median of each half minute) and CPU are sampled
+# every 30 s; every 10 s a screenshot is taken and each wall item's picture area is classed as a
+# picture, black, the idle picture or other. A summary (memory after the warm-up and at the end, growth
+# since, black items and when, CPU) is printed and kept with the samples and the screenshots of faults
+# in $BUILD_DIR/soak/. --hog N runs N busy loops beside rviz; --stir shrinks rviz's window and restores
+# it before every check, so that the wall lays its items out again while frames arrive. Fails when an
+# item was black or showed the idle picture while its camera published, or when memory grew by more
+# than M MB (default 2) from the end of the warm-up (default 10 minutes).
 # Runs on its own virtual display; needs a build (scripts/build.sh).
 set -eo pipefail
 source "$(dirname "$0")/env.sh"
@@ -60,13 +61,21 @@ classify() {  # screenshot x y width height
 }
 
 # Resident memory and its anonymous part (the heap and other private memory; the rest is mapped files),
-# as the median of five reads over two seconds: pictures in flight (a camera frame 1.4 MB, an overlay
-# canvas 3.5 MB) come and go many times a second, and one read would hinge on how many there are then.
+# read every half second in the background. Pictures in flight (a camera frame 1.4 MB, an overlay canvas
+# 3.5 MB) come and go many times a second and the heap's top grows and is trimmed back every few seconds,
+# so single reads swing by 2 MB and more; a sample is the median of its half minute's reads (rss,anon)
+# and the highest read of that half minute beside it.
+read_memory() {
+  while kill -0 "$RVIZ_PID" 2>/dev/null; do
+    awk '/^(VmRSS|RssAnon)/ {printf "%s%.1f", sep, $2 / 1024; sep = ","} END {print ""}' \
+      "/proc/$RVIZ_PID/status" >>"$RUN_DIR/reads.csv" 2>/dev/null || true
+    sleep 0.5
+  done
+}
 memory_mb() {
-  for _ in 1 2 3 4 5; do
-    awk '/^(VmRSS|RssAnon)/ {printf "%s%.1f", sep, $2 / 1024; sep = ","} END {print ""}' "/proc/$RVIZ_PID/status"
-    sleep 0.4
-  done | sort -t, -n -k1,1 | sed -n 3p
+  mv "$RUN_DIR/reads.csv" "$RUN_DIR/reads_window.csv"
+  sort -t, -n -k1,1 "$RUN_DIR/reads_window.csv" |
+    awk -F, '{ line[NR] = $0; highest = $1 } END { print line[int((NR + 1) / 2)] "," highest }'
 }
 cpu_ticks() { awk '{print $14 + $15}' "/proc/$RVIZ_PID/stat"; }
 
@@ -76,6 +85,7 @@ for _ in $(seq 1 600); do
   kill -0 "$RVIZ_PID" 2>/dev/null || { echo "rviz ended early; see $RUN_DIR/rviz.log" >&2; exit 1; }
   sleep 0.1
 done
+read_memory & session_pids+=($!)
 sleep 10
 
 if [ "$STIR" = yes ]; then
@@ -95,7 +105,7 @@ stir() {
 
 TICKS_PER_SECOND=$(getconf CLK_TCK)
 TOTAL=$(awk -v m="$MINUTES" 'BEGIN {print int(m * 60)}')
-echo "seconds,rss_mb,anon_mb,cpu_percent" >"$RUN_DIR/memory.csv"
+echo "seconds,rss_mb,anon_mb,rss_highest_mb,cpu_percent" >"$RUN_DIR/memory.csv"
 echo "seconds,item,class" >"$RUN_DIR/items.csv"
 faults=0
 samples=0
@@ -130,12 +140,13 @@ done
 summary=$(awk -F, -v warmup=$((WARMUP * 60)) -v limit="$MAX_GROWTH_MB" '
   NR == 1 { next }
   { last = $2; lastAnon = $3; if ($1 >= warmup && warm == "") { warm = $2; warmAnon = $3 }
-    if ($1 >= warmup) { if (low == "" || $2 < low) low = $2; if ($2 > high) high = $2 }
-    if ($4 != "") { cpu += $4; n++ } }
+    if ($1 >= warmup) { if (low == "" || $2 < low) low = $2; if ($2 > high) high = $2; if ($4 > peak) peak = $4 }
+    if ($5 != "") { cpu += $5; n++ } }
   END {
     if (warm == "") { print "memory: the run ended before the warm-up did"; exit 1 }
     printf "memory: %.1f MB at %d min, %.1f MB at the end, %.1f MB between lowest and highest since\n", warm, warmup / 60, last, high - low
     printf "anonymous part: %.1f MB at %d min, %.1f MB at the end\n", warmAnon, warmup / 60, lastAnon
+    printf "highest single read since: %.1f MB\n", peak
     printf "cpu: %.1f %% of a core on average\n", cpu / n
     exit (high - low > limit) ? 1 : 0 }' "$RUN_DIR/memory.csv") && memory_ok=yes || memory_ok=no
 # Blocks in use growing is data kept; free blocks growing is a heap that fragments.
