@@ -55,15 +55,16 @@ fi
 # The unit and integration tests are built and run once, under the sanitizers below; the plain tree
 # builds what rviz runs (and the benchmarks, so that they keep compiling), the display tests and the
 # checks of the C library's heap, which the sanitizers' allocator would bypass.
-plain_targets="rviz_plugin_e2e_tests rviz_plugin_benches rviz_plugin_display_tests rviz_plugin_allocator_tests"
+plain_targets="rviz_plugin_e2e_tests rviz_plugin_benches rviz_plugin_allocator_tests"
 sanitized_targets=rviz_plugin_sanitized_tests
-plain_levels=(fuzz allocator display e2e)
-not_sanitized=(-LE display)
+plain_levels=(fuzz allocator e2e)
+not_sanitized=()
 if [ "${1:-}" = "--sanitize-display" ]; then
-  plain_targets="rviz_plugin_e2e_tests rviz_plugin_benches rviz_plugin_allocator_tests"
-  sanitized_targets="rviz_plugin_sanitized_tests rviz_plugin_display_tests"
-  plain_levels=(fuzz allocator e2e)
-  not_sanitized=()
+  sanitized_targets+=" rviz_plugin_display_tests"
+else
+  plain_targets+=" rviz_plugin_display_tests"
+  plain_levels+=(display)
+  not_sanitized=(-LE display)
 fi
 BUILD_DIR="$BUILD_DIR" BUILD_TARGETS="$plain_targets" "$ROOT/scripts/build.sh"
 for level in "${plain_levels[@]}"; do run_level "$BUILD_DIR" "$level"; done

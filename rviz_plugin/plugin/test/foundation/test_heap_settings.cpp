@@ -11,7 +11,7 @@
 #include <string>
 
 // The C library's heap figures only move with its own allocator; under the sanitizers theirs serves every
-// block, so these checks run in the plain build (label allocator) and skip themselves there.
+// block, so the accounting check runs in the plain build (label allocator) and skips itself there.
 TEST(HeapFigures, LargeBlocksCountOnTheirOwnAndNotAsInUse)
 {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
