@@ -86,17 +86,24 @@ void ImageRender::UpdateImageTexture(const std::shared_ptr<YuvTextureData>& yuv,
 
 void ImageRender::UpdateImageDisplay()
 {
-    if (renderPanel == nullptr || !renderPanel->isVisible()) {
+    if (renderPanel == nullptr) {
+        return;
+    }
+    std::lock_guard<std::mutex> lock(mutex);
+    if (!renderPanel->isVisible()) {
+        redraw.MarkChanged();
         return;
     }
     windowWidth = static_cast<unsigned>(renderPanel->width());
     windowHeight = static_cast<unsigned>(renderPanel->height());
-    std::lock_guard<std::mutex> lock(mutex);
     imageRectangle->ConvertImageTextureFormat();
     newTextureLoaded = imageRectangle->UpdateDisplayedImage(visibilityEnabled);
     overlayShown = !overlayRectangle->IsEmptyTexture();
     overlayRectangle->ConvertImageTextureFormat();
-    overlayRectangle->UpdateDisplayedImage(visibilityEnabled);
+    const bool newOverlay = overlayRectangle->UpdateDisplayedImage(visibilityEnabled);
+    if (!redraw.Due(newTextureLoaded || newOverlay, windowWidth, windowHeight, visibilityEnabled)) {
+        return;
+    }
     if (!UpdateCamera()) {
         Orsa::Logger::GetInstance().WriteLog(logModule, Orsa::LogLevel::Debug, "Failed to update camera");
     }
@@ -214,6 +221,7 @@ void ImageRender::OnSendCroppingStatus(bool enabled)
     {
         std::lock_guard<std::mutex> lock(mutex);
         cropping.enabled = enabled;
+        redraw.MarkChanged();
     }
     UpdateImageDisplay();
 }
@@ -222,12 +230,14 @@ void ImageRender::OnSendCroppingType(bool zoomType)
 {
     std::lock_guard<std::mutex> lock(mutex);
     cropping.zoom = zoomType;
+    redraw.MarkChanged();
 }
 
 void ImageRender::OnSendZoomFactor(int factor)
 {
     std::lock_guard<std::mutex> lock(mutex);
     cropping.zoomFactor = factor;
+    redraw.MarkChanged();
 }
 
 void ImageRender::OnSendCroppingPercentage(int percent, int side)
@@ -237,12 +247,14 @@ void ImageRender::OnSendCroppingPercentage(int percent, int side)
     }
     std::lock_guard<std::mutex> lock(mutex);
     cropping.percent[static_cast<std::size_t>(side)] = percent;
+    redraw.MarkChanged();
 }
 
 void ImageRender::OnSendVisibilityStatus(bool visible)
 {
     std::lock_guard<std::mutex> lock(mutex);
     visibilityEnabled = visible;
+    redraw.MarkChanged();
     if (!visible && renderPanel != nullptr && renderPanel->getCamera() != nullptr) {
         renderPanel->getCamera()->setCustomProjectionMatrix(false);
         MoveCameraAway();
@@ -253,6 +265,7 @@ void ImageRender::OnUpdateCameraInfo(const boost::shared_ptr<const sensor_msgs::
 {
     std::lock_guard<std::mutex> lock(mutex);
     cameraInfo = info;
+    redraw.MarkChanged();
 }
 
 std::pair<unsigned, unsigned> ImageRender::GetImageTextureSize()
@@ -281,6 +294,7 @@ void ImageRender::Clear()
     overlayShown = false;
     frameSeen = false;
     MoveCameraAway();
+    redraw.MarkChanged();
 }
 
 void ImageRender::MoveCameraAway()

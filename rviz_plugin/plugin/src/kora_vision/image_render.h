@@ -4,6 +4,7 @@
 #include "render_rectangle.h"
 
 #include "kora_vision_logic/image_geometry.h"
+#include "kora_vision_logic/redraw_schedule.h"
 #include "overlay/image_texture_sink.h"
 
 #include <QObject>
@@ -48,7 +49,8 @@ public:
     // From the overlay thread, with each picture and its canvas. A null rgba hides the overlay quad.
     void UpdateImageTexture(const std::shared_ptr<YuvTextureData>& yuv,
                             const std::shared_ptr<RgbaTextureData>& rgba) override;
-    // From the main thread, on rviz's update tick.
+    // From the main thread, on rviz's update tick: uploads what arrived and draws the window when what it
+    // shows changed.
     void UpdateImageDisplay();
     void Clear();
     void SetRenderWindowState(bool active);
@@ -91,6 +93,7 @@ private:
     std::unique_ptr<RenderRectangle> overlayRectangle;
     std::mutex mutex;
     ImageGeometry::Cropping cropping;
+    RedrawSchedule redraw;
     bool visibilityEnabled = false;
     bool newTextureLoaded = false;
     boost::shared_ptr<const sensor_msgs::CameraInfo> cameraInfo;

@@ -32,6 +32,8 @@
 #include <gtest/gtest.h>
 
 #include <OgreHardwarePixelBuffer.h>
+#include <OgreRenderTargetListener.h>
+#include <OgreRenderWindow.h>
 
 #include <QApplication>
 #include <QLabel>
@@ -579,6 +581,52 @@ TEST_F(KoraVisionDisplayTest, RendererKeepsTheLastGoodPictureAndCropsAsSet)
     render->Clear();
     EXPECT_EQ(render->GetImageTextureSize(), idle);
     EXPECT_FALSE(render->HasShownFrame());
+}
+
+// Counts the drawings of one render window.
+class DrawCounter : public Ogre::RenderTargetListener {
+public:
+    void postRenderTargetUpdate(const Ogre::RenderTargetEvent& /*event*/) override { ++count; }
+    int count = 0;
+};
+
+TEST_F(KoraVisionDisplayTest, WindowIsDrawnOnlyWhenWhatItShowsChanged)
+{
+    AddItems(1);
+    rviz_plugin::ImageRender* render = display->GetVisionProperty(0)->GetImageRender();
+    rviz_plugin::NonInteractiveRenderPanel* panel = render->GetRenderPanel();
+    ASSERT_TRUE(PumpUntil([panel]() { return panel->isVisible(); }, std::chrono::seconds(5)));
+    render->UpdateImageDisplay();
+    // No events are processed from here on, so rviz's own ticks and window paints draw nothing in between.
+    DrawCounter draws;
+    panel->getRenderWindow()->addListener(&draws);
+    const auto drawsAfter = [&](const std::function<void()>& step) {
+        const int before = draws.count;
+        step();
+        render->UpdateImageDisplay();
+        return draws.count - before;
+    };
+    EXPECT_EQ(drawsAfter([]() {}), 0) << "drawn again with nothing new";
+    EXPECT_EQ(drawsAfter([&]() { render->UpdateImageTexture(Picture(640, 360), nullptr); }), 1);
+    EXPECT_EQ(drawsAfter([]() {}), 0);
+    EXPECT_EQ(drawsAfter([&]() { render->OnSendZoomFactor(150); }), 1) << "a setting waited for the next picture";
+    EXPECT_EQ(drawsAfter([&]() { panel->resize(panel->width() - 20, panel->height() - 10); }), 1);
+    EXPECT_EQ(drawsAfter([]() {}), 0);
+    EXPECT_EQ(drawsAfter([&]() { render->Clear(); }), 1) << "the idle picture waited for a frame";
+    // While hidden nothing is drawn; shown again it is drawn at once.
+    EXPECT_EQ(drawsAfter([&]() { panel->hide(); }), 0);
+    EXPECT_EQ(drawsAfter([&]() { panel->show(); }), 1);
+    // The scene seen through the camera moves on its own: drawn on every tick.
+    // (Without camera info each of those draws logs that it needs one.)
+    Console([&]() {
+        render->OnSendVisibilityStatus(true);
+        EXPECT_EQ(drawsAfter([]() {}), 1);
+        EXPECT_EQ(drawsAfter([]() {}), 1);
+        render->OnSendVisibilityStatus(false);
+        render->UpdateImageDisplay();
+    });
+    EXPECT_EQ(drawsAfter([]() {}), 0);
+    panel->getRenderWindow()->removeListener(&draws);
 }
 
 // A picture of one colour given in limited-range YUV.

@@ -1,3 +1,4 @@
+#include "kora_vision_logic/redraw_schedule.h"
 #include "kora_vision_logic/vision_name.h"
 #include "kora_vision_logic/wall_layout.h"
 
@@ -68,4 +69,30 @@ TEST(VisionName, LoadKeysSortByTheirFirstNumber)
     EXPECT_TRUE(rviz_plugin::CompareLoadConfigKey("(7)a", "(99999999999999999999999)b"));
     EXPECT_TRUE(rviz_plugin::CompareLoadConfigKey("(7)a", "(x)b"));
     EXPECT_FALSE(rviz_plugin::CompareLoadConfigKey("(x)b", "(7)a"));
+}
+
+TEST(RedrawSchedule, DrawsOnlyWhenWhatTheWindowShowsChanged)
+{
+    rviz_plugin::RedrawSchedule schedule;
+    // The first tick draws: the window has never been drawn by the wall.
+    EXPECT_TRUE(schedule.Due(false, 640, 360, false));
+    // A 15-fps camera on a 30-Hz tick: every other tick brings a picture.
+    int drawn = 0;
+    for (int tick = 0; tick < 30; ++tick) {
+        drawn += schedule.Due(tick % 2 == 0, 640, 360, false) ? 1 : 0;
+    }
+    EXPECT_EQ(drawn, 15);
+    // A resize draws once at the new size, not on every tick after it.
+    EXPECT_TRUE(schedule.Due(false, 512, 288, false));
+    EXPECT_FALSE(schedule.Due(false, 512, 288, false));
+    // A mark (a setting, a clear, a time hidden) draws once and is taken back.
+    schedule.MarkChanged();
+    schedule.MarkChanged();
+    EXPECT_TRUE(schedule.Due(false, 512, 288, false));
+    EXPECT_FALSE(schedule.Due(false, 512, 288, false));
+    // The scene seen through the camera moves on its own: every tick draws while it is shown.
+    for (int tick = 0; tick < 3; ++tick) {
+        EXPECT_TRUE(schedule.Due(false, 512, 288, true));
+    }
+    EXPECT_FALSE(schedule.Due(false, 512, 288, false));
 }
