@@ -264,8 +264,14 @@ void ImageRender::OnSendVisibilityStatus(bool visible)
 void ImageRender::OnUpdateCameraInfo(const boost::shared_ptr<const sensor_msgs::CameraInfo>& info)
 {
     std::lock_guard<std::mutex> lock(mutex);
+    // Cameras send their info with every picture; outside the scene view only the image area it gives
+    // changes the drawing, and the scene view is drawn on every tick anyway.
+    const bool sameImageArea = cameraInfo != nullptr && info != nullptr && cameraInfo->width == info->width &&
+                               cameraInfo->height == info->height && cameraInfo->roi == info->roi;
+    if (!sameImageArea) {
+        redraw.MarkChanged();
+    }
     cameraInfo = info;
-    redraw.MarkChanged();
 }
 
 std::pair<unsigned, unsigned> ImageRender::GetImageTextureSize()
